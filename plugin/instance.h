@@ -1,0 +1,12 @@
+// Creating and destroying effect instances.
+#pragma once
+
+#include "contracts/vst2.h"
+
+struct EqInstance;
+
+// An instance with every field at its creation value and the AEffect filled,
+// but no bands yet; null when out of memory.
+EqInstance* allocateInstance(audioMasterCallback host);
+// Deletes the bands, closes the editor and frees the instance.
+void destroyInstance(EqInstance* instance);
