@@ -1,0 +1,4 @@
+#include "editor/resources.h"
+
+DialogResource* dialogResourceList = nullptr;
+MenuResource* menuResourceList = nullptr;
