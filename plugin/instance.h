@@ -8,5 +8,7 @@ struct EqInstance;
 // An instance with every field at its creation value and the AEffect filled,
 // but no bands yet; null when out of memory.
 EqInstance* allocateInstance(audioMasterCallback host);
-// Deletes the bands, closes the editor and frees the instance.
+// Frees an instance that was never handed to the host.
+void discardInstance(EqInstance* instance);
+// effClose: deletes the bands, closes the editor and frees the instance.
 void destroyInstance(EqInstance* instance);
