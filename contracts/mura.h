@@ -3,9 +3,19 @@
 // MURA_* drawing functions requested by name through the host callback
 // (see host_extensions.h). Pixels are 32-bit 0xAARRGGBB.
 //
-// Common arguments: `alpha` scales the colour's own alpha (1.0 = as given);
-// `mode` 0 blends over what is there, 1 replaces it; `antialias` nonzero
-// draws smooth edges.
+// Bitmaps: MURA_CreateBitmap's mode 1 makes an opaque bitmap (it starts black
+// and every pixel stays opaque: the alpha bytes of drawing colours are
+// ignored); any other mode makes a bitmap with an alpha channel (it starts
+// transparent, colours' alpha bytes count, and its pixels are stored
+// premultiplied).
+//
+// Common arguments: `alpha` (0..1) is the opacity of the drawing, multiplied
+// on bitmaps with alpha by the colour's own alpha byte; `mode` 1 replaces the
+// covered pixels with the colour, any other mode (0) blends over them;
+// `antialias` nonzero draws smooth edges. Integer coordinates name pixels
+// (both ends of a line included); float coordinates put pixel centres at
+// whole numbers. Text colours are 0xRRGGBB (alpha byte ignored). A null
+// bitmap or font makes a call do nothing.
 #pragma once
 
 #include <cstdint>
