@@ -195,10 +195,12 @@ constexpr int GWL_USERDATA = -21;
 constexpr int SW_HIDE = 0;
 constexpr int SW_SHOW = 1;
 
-constexpr UINT SWP_NOSIZE = 0x0001;
-constexpr UINT SWP_NOMOVE = 0x0002;
+// SetWindowPos flags in this layer's numbering (the plug-in sizes its editor
+// with 13 = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE).
+constexpr UINT SWP_NOMOVE = 0x0001;
+constexpr UINT SWP_NOSIZE = 0x0002;
 constexpr UINT SWP_NOZORDER = 0x0004;
-constexpr UINT SWP_NOACTIVATE = 0x0010;
+constexpr UINT SWP_NOACTIVATE = 0x0008;
 
 constexpr UINT BST_UNCHECKED = 0;
 constexpr UINT BST_CHECKED = 1;
