@@ -1,0 +1,3 @@
+#include "host/extensions/tooltip_window.h"
+
+HWND getTooltipWindow(HWND) { return nullptr; }
