@@ -1,0 +1,162 @@
+// Copies between raster bitmaps, coverage masks, resizing and the device
+// context a bitmap offers to BitBlt.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "host/raster/canvas.h"
+#include "tests/ui/raster_test_support.h"
+
+namespace {
+
+constexpr uint32_t kBlack = 0xff000000;
+constexpr uint32_t kRed = 0xffff0000;
+constexpr uint32_t kGreen = 0xff00ff00;
+constexpr uint32_t kBlue = 0xff0000ff;
+constexpr uint32_t kWhite = 0xffffffff;
+
+// A 2 x 2 bitmap: red, green on top; blue, white below.
+BitmapPtr fourColours() {
+    BitmapPtr bitmap = makeBitmap(2, 2);
+    MURA_PutPixel(bitmap.get(), 0, 0, kRed, 1.0, kReplace);
+    MURA_PutPixel(bitmap.get(), 1, 0, kGreen, 1.0, kReplace);
+    MURA_PutPixel(bitmap.get(), 0, 1, kBlue, 1.0, kReplace);
+    MURA_PutPixel(bitmap.get(), 1, 1, kWhite, 1.0, kReplace);
+    return bitmap;
+}
+
+TEST(MuraBlit, PlacesTheSourceAtItsPosition) {
+    BitmapPtr source = fourColours();
+    BitmapPtr target = makeBitmap(5, 5);
+    MURA_Blit(target.get(), source.get(), 2, 1, 1.0, kBlend);
+    EXPECT_EQ(pixelAt(target.get(), 2, 1), kRed);
+    EXPECT_EQ(pixelAt(target.get(), 3, 1), kGreen);
+    EXPECT_EQ(pixelAt(target.get(), 2, 2), kBlue);
+    EXPECT_EQ(pixelAt(target.get(), 3, 2), kWhite);
+    EXPECT_EQ(countPixelsOtherThan(target.get(), kBlack), 4);
+}
+
+TEST(MuraBlit, BlendsWithTheCallsAlpha) {
+    BitmapPtr source = makeBitmap(1, 1);
+    MURA_Clear(source.get(), kWhite);
+    BitmapPtr target = makeBitmap(1, 1);
+    MURA_Blit(target.get(), source.get(), 0, 0, 0.5, kBlend);
+    EXPECT_NEAR(channel(pixelAt(target.get(), 0, 0), 8), 128, 1);
+}
+
+TEST(MuraBlit, TransparentSourcePixelsLeaveTheTargetInBlendMode) {
+    BitmapPtr source = makeBitmap(2, 1, kAlphaBitmap);
+    MURA_PutPixel(source.get(), 0, 0, kRed, 1.0, kBlend);
+    BitmapPtr target = makeBitmap(2, 1);
+    MURA_Clear(target.get(), kBlue);
+    MURA_Blit(target.get(), source.get(), 0, 0, 1.0, kBlend);
+    EXPECT_EQ(pixelAt(target.get(), 0, 0), kRed);
+    EXPECT_EQ(pixelAt(target.get(), 1, 0), kBlue);
+}
+
+TEST(MuraScaledBlit, StretchesEachSourcePixelOverItsShareOfTheTarget) {
+    BitmapPtr source = fourColours();
+    BitmapPtr target = makeBitmap(10, 10);
+    MURA_ScaledBlit(target.get(), source.get(), 1, 1, 8, 8, 1.0, kBlend);
+    // Quarter centres are untouched by the bilinear filter's blending.
+    EXPECT_EQ(pixelAt(target.get(), 2, 2), kRed);
+    EXPECT_EQ(pixelAt(target.get(), 7, 2), kGreen);
+    EXPECT_EQ(pixelAt(target.get(), 2, 7), kBlue);
+    EXPECT_EQ(pixelAt(target.get(), 7, 7), kWhite);
+    EXPECT_EQ(pixelAt(target.get(), 0, 0), kBlack);
+    EXPECT_EQ(pixelAt(target.get(), 9, 9), kBlack);
+    EXPECT_EQ(boundsOfPixelsOtherThan(target.get(), kBlack).right, 8);
+}
+
+TEST(MuraRotatedBlit, HalfTurnSwapsOppositeCorners) {
+    BitmapPtr source = makeBitmap(4, 4);
+    MURA_PutPixel(source.get(), 0, 0, kRed, 1.0, kReplace);
+    BitmapPtr target = makeBitmap(4, 4);
+    MURA_Clear(target.get(), kBlue);
+    MURA_RotatedBlit(target.get(), source.get(), 0, 0, M_PI, 1.0, kBlend);
+    EXPECT_EQ(pixelAt(target.get(), 3, 3), kRed);
+    EXPECT_EQ(pixelAt(target.get(), 0, 0), kBlack);
+}
+
+TEST(MuraRotatedBlit, QuarterTurnMovesTheTopRowToTheRightColumn) {
+    BitmapPtr source = makeBitmap(4, 4);
+    MURA_FillRect(source.get(), 0, 0, 4, 1, kRed, 1.0, kReplace);
+    BitmapPtr target = makeBitmap(4, 4);
+    MURA_RotatedBlit(target.get(), source.get(), 0, 0, M_PI / 2, 1.0, kBlend);
+    for (int y = 0; y < 4; ++y) EXPECT_EQ(pixelAt(target.get(), 3, y), kRed) << y;
+    EXPECT_EQ(countPixelsOtherThan(target.get(), kBlack), 4);
+}
+
+TEST(MuraCopy, MakesTheTargetAnExactCopySizeIncluded) {
+    BitmapPtr source = fourColours();
+    BitmapPtr target = makeBitmap(7, 3);
+    MURA_Copy(target.get(), source.get());
+    ASSERT_EQ(target->width(), 2);
+    ASSERT_EQ(target->height(), 2);
+    for (int y = 0; y < 2; ++y)
+        for (int x = 0; x < 2; ++x)
+            EXPECT_EQ(pixelAt(target.get(), x, y), pixelAt(source.get(), x, y));
+    MURA_Copy(target.get(), target.get());  // onto itself: nothing changes
+    EXPECT_EQ(pixelAt(target.get(), 1, 0), kGreen);
+}
+
+TEST(MuraDrawGlyph, CoverageSetsTheOpacityOfEachPixel) {
+    const uint8_t coverage[] = {255, 0, 128,  //
+                                0, 255, 0};
+    BitmapPtr bitmap = makeBitmap(5, 4);
+    MURA_DrawGlyph(bitmap.get(), coverage, 1, 1, 3, 2, kWhite, 1.0, kBlend);
+    EXPECT_EQ(pixelAt(bitmap.get(), 1, 1), kWhite);
+    EXPECT_EQ(pixelAt(bitmap.get(), 2, 1), kBlack);
+    EXPECT_NEAR(channel(pixelAt(bitmap.get(), 3, 1), 0), 128, 1);
+    EXPECT_EQ(pixelAt(bitmap.get(), 2, 2), kWhite);
+    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 3);
+}
+
+TEST(MuraBitmapResize, KeepsThePixelsThatFitAndBlackensNewOnes) {
+    BitmapPtr bitmap = makeBitmap(3, 3);
+    MURA_Clear(bitmap.get(), kWhite);
+    bitmap->resize(5, 4);
+    ASSERT_EQ(bitmap->width(), 5);
+    ASSERT_EQ(bitmap->height(), 4);
+    EXPECT_GE(bitmap->rowSpan(), 5);
+    EXPECT_EQ(pixelAt(bitmap.get(), 2, 2), kWhite);
+    EXPECT_EQ(pixelAt(bitmap.get(), 3, 0), kBlack);
+    EXPECT_EQ(pixelAt(bitmap.get(), 0, 3), kBlack);
+    EXPECT_EQ(pixelAt(bitmap.get(), 4, 3), kBlack);
+    bitmap->resize(2, 1);
+    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kWhite), 0);
+}
+
+TEST(MuraBitmapPixels, DirectWritesShowAfterMarkDirty) {
+    BitmapPtr bitmap = makeBitmap(4, 4);
+    bitmap->pixels()[1 * bitmap->rowSpan() + 2] = kGreen;
+    bitmap->markDirty();
+    MURA_FillRect(bitmap.get(), 0, 0, 1, 1, kRed, 1.0, kBlend);
+    EXPECT_EQ(pixelAt(bitmap.get(), 2, 1), kGreen);
+    EXPECT_EQ(pixelAt(bitmap.get(), 0, 0), kRed);
+}
+
+TEST(MuraBitmapDeviceContext, IsACanvasThatBitBltCanCopyFrom) {
+    BitmapPtr bitmap = fourColours();
+    HDC dc = bitmap->deviceContext();
+    Canvas* canvas = canvasOf(dc);
+    ASSERT_NE(canvas, nullptr);
+    EXPECT_EQ(canvas->pixel(1, 0), kGreen);
+    bitmap->resize(50, 30);  // the graph resizes its bitmap on every paint
+    EXPECT_EQ(bitmap->deviceContext(), dc);
+    EXPECT_EQ(canvasOf(dc)->width(), 50);
+
+    Canvas window(4, 4);
+    window.copyFrom(*canvasOf(dc), 0, 0, 2, 2, 1, 1);
+    EXPECT_EQ(window.pixel(1, 1), kRed);
+    EXPECT_EQ(window.pixel(2, 2), kWhite);
+}
+
+TEST(MuraBitmapDeviceContext, IsForgottenWithItsBitmap) {
+    BitmapPtr bitmap = makeBitmap(2, 2);
+    HDC dc = bitmap->deviceContext();
+    bitmap.reset();
+    EXPECT_EQ(canvasOf(dc), nullptr);
+}
+
+}  // namespace
