@@ -48,6 +48,15 @@ std::string displayableText(const char* text, int length) {
     return isValidUtf8(bytes) ? bytes : latin1ToUtf8(bytes);
 }
 
+std::string withoutPrefixMarks(const std::string& text) {
+    std::string shown;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '&' && i + 1 < text.size()) ++i;
+        shown += text[i];
+    }
+    return shown;
+}
+
 std::vector<std::string> splitLines(const std::string& text, bool singleLine) {
     std::vector<std::string> lines(1);
     for (char c : text) {
@@ -123,8 +132,9 @@ void measureTextLine(cairo_t* cr, const char* text, int length, int* width, int*
 
 int layoutText(cairo_t* cr, const char* text, int length, RECT* rect, UINT flags) {
     if (rect == nullptr) return 0;
-    const std::vector<std::string> lines =
-        splitLines(displayableText(text, length), (flags & DT_SINGLELINE) != 0);
+    std::string shown = displayableText(text, length);
+    if (!(flags & DT_NOPREFIX)) shown = withoutPrefixMarks(shown);
+    const std::vector<std::string> lines = splitLines(shown, (flags & DT_SINGLELINE) != 0);
     const int lineHeight = textLineHeight(cr);
     const int textHeight = lineHeight * static_cast<int>(lines.size());
 

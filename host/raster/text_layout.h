@@ -1,12 +1,15 @@
 // Text set the way Win32 DrawText sets it: lines in a rectangle, aligned by
 // DT_ flags, clipped to the rectangle unless DT_NOCLIP. Shared by canvases
 // and raster fonts. Text is UTF-8; anything that is not valid UTF-8 is read
-// as Latin-1.
+// as Latin-1. Unless DT_NOPREFIX is given, "&" marks a mnemonic and is not
+// drawn ("&&" draws one "&").
 #pragma once
 
 #include <cairo.h>
 
 #include "contracts/kobal.h"
+
+constexpr UINT DT_NOPREFIX = 0x0800;
 
 struct TextFont {
     cairo_font_face_t* face = nullptr;

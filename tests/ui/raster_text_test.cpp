@@ -95,6 +95,18 @@ TEST(MuraFontMeasuring, LengthLimitsTheText) {
     EXPECT_NEAR(part.right * 2, whole.right, 2);
 }
 
+TEST(MuraFontMeasuring, AmpersandsMarkMnemonicsUnlessNoPrefix) {
+    FontPtr font(MURA_CreateFont());
+    RECT marked{0, 0, 0, 0};
+    RECT plain{0, 0, 0, 0};
+    RECT literal{0, 0, 0, 0};
+    font->drawText(nullptr, "&Add", -1, &marked, DT_CALCRECT);
+    font->drawText(nullptr, "Add", -1, &plain, DT_CALCRECT);
+    font->drawText(nullptr, "&Add", -1, &literal, DT_CALCRECT | kNoPrefix);
+    EXPECT_EQ(marked.right, plain.right);
+    EXPECT_GT(literal.right, plain.right);
+}
+
 TEST(MuraFontMeasuring, UiFontHeightSetsTheLineHeight) {
     FontPtr font(MURA_CreateFont());
     EXPECT_EQ(font->lineHeight(), 12);  // the default, 12-pixel Arial
