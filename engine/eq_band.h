@@ -43,7 +43,12 @@ struct EqBand {
     uint8_t primed;
 };
 
-// A fresh record with the defaults every creator starts from (coefficients zero).
+// Types whose design ignores the gain (it matters only to the shelf and
+// peaking substitutions): LowPass, HighPass, AllPass, Notch, BandPass.
+constexpr bool ignoresGain(int32_t type) { return type >= LowPass && type <= BandPass; }
+
+// A fresh record with the defaults every creator starts from (coefficients
+// zero), allocated with new; null when out of memory. The owner deletes it.
 EqBand* newEqBand();
 
 // Sets the band's design (unless type is kKeepBandType) and computes its
@@ -55,5 +60,12 @@ void designBand(EqBand* band, int32_t type, bool snap, double frequency, double 
 // defaults, a snapped design, then the sample-rate take-over. Null when out of memory.
 EqBand* createDesignedBand(int32_t type, double frequency, double gain, double bandwidth,
                            double sampleRate);
+
+// Moves the band to `sampleRate`, redesigning it from its stored values with
+// the glide snapped, unless it is designed for that rate already.
+void adoptSampleRate(EqBand* band, double sampleRate);
+
+// Clears both histories and `primed` and ends any glide (glide values = design).
+void restartBand(EqBand* band);
 
 const char* bandTypeName(int32_t type);  // "" for unknown codes
