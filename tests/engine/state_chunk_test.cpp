@@ -1,0 +1,258 @@
+// The state chunk: the written layout, every accepted older layout, every
+// truncated trailer, the rejection rules and round trips.
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "engine/default_bands.h"
+#include "engine/state_chunk.h"
+#include "tests/engine/chunk_bytes.h"
+#include "tests/engine/cookbook_reference.h"
+#include "tests/engine/test_instance.h"
+
+namespace {
+
+std::vector<unsigned char> writtenChunk(EqInstance* instance) {
+    void* data = nullptr;
+    int32_t size = writeStateChunk(instance, &data);
+    auto* bytes = static_cast<unsigned char*>(data);
+    return std::vector<unsigned char>(bytes, bytes + size);
+}
+
+void readChunk(EqInstance* instance, const ChunkBytes& chunk) {
+    EXPECT_EQ(readStateChunk(instance, chunk.bytes.data(), chunk.size()), 0);
+}
+
+// Settings that no chunk below carries, to see which ones a read replaced.
+void setMarkers(EqInstance* instance) {
+    instance->showGrid = 70;
+    instance->showTabs = 71;
+    instance->outputGain = instance->currentOutputGain = 0.5;
+    instance->viewFlags = 72;
+    instance->editorWidth = 73;
+    instance->editorHeight = 74;
+}
+
+ChunkBytes twoBands(int32_t recordSize) {
+    ChunkBytes chunk;
+    chunk.put<int32_t>(recordSize).put<int32_t>(2);
+    chunk.band(HighShelf, 1, 6000.0, 2.0, 1.0);
+    if (recordSize > 32) chunk.put<uint8_t>(0).padding(recordSize - 33);
+    chunk.band(Notch, 0, 250.0, 1.0, 0.5);
+    if (recordSize > 32) chunk.put<uint8_t>(0xFF).padding(recordSize - 33);
+    return chunk;
+}
+
+ChunkBytes fullTrailer(ChunkBytes chunk) {
+    return chunk.put<int32_t>(0).put<int32_t>(1).put<double>(0.25).put<int32_t>(1)
+        .put<int32_t>(800).put<int32_t>(600);
+}
+
+uint64_t bits(double value) { return std::bit_cast<uint64_t>(value); }
+
+}  // namespace
+
+TEST(StateChunk, DefaultStateIs168BytesInTheDocumentedLayout) {
+    auto instance = makeTestInstance();
+    ASSERT_TRUE(loadDefaultBands(instance.get()));
+    ChunkBytes chunk{writtenChunk(instance.get())};
+    ASSERT_EQ(chunk.size(), 168);
+    EXPECT_EQ(chunk.at<int32_t>(0), 33);
+    EXPECT_EQ(chunk.at<int32_t>(4), 4);
+    EXPECT_EQ(chunk.at<int32_t>(8), LowShelf);
+    EXPECT_EQ(chunk.at<int32_t>(12), 1);
+    EXPECT_EQ(chunk.at<double>(16), 100.0);
+    EXPECT_EQ(chunk.at<double>(24), 1.0);
+    EXPECT_EQ(chunk.at<double>(32), 2.0);
+    EXPECT_EQ(chunk.at<uint8_t>(40), 1);
+    EXPECT_EQ(chunk.at<int32_t>(41), Band);  // records are packed at odd offsets
+    EXPECT_EQ(chunk.at<double>(49), 300.0);
+    EXPECT_EQ(chunk.at<int32_t>(140), 1);  // showGrid
+    EXPECT_EQ(chunk.at<int32_t>(144), 1);  // showTabs
+    EXPECT_EQ(chunk.at<double>(148), 1.0);
+    EXPECT_EQ(chunk.at<int32_t>(156), 0);
+    EXPECT_EQ(chunk.at<int32_t>(160), 0);
+    EXPECT_EQ(chunk.at<int32_t>(164), 0);
+}
+
+TEST(StateChunk, WriterStoresTheDesignAndTheTargetGain) {
+    auto instance = makeTestInstance();
+    EqBand* band = addTestBand(instance.get(), Band, 1000.0, 2.0, 1.0);
+    designBand(band, Band, false, 1500.0, 2.0, 1.0);  // glide still at 1000
+    instance->outputGain = 0.75;
+    instance->currentOutputGain = 0.1;
+    ChunkBytes chunk{writtenChunk(instance.get())};
+    EXPECT_EQ(chunk.at<double>(16), 1500.0);
+    EXPECT_EQ(chunk.at<double>(8 + 33 + 8), 0.75);
+}
+
+TEST(StateChunk, RoundTripReproducesEveryValueBitForBit) {
+    auto source = makeTestInstance();
+    addTestBand(source.get(), LowShelf, 5.0, 0.005, 0.0);
+    addTestBand(source.get(), 12, 30000.0, 70.0, 20.0)->enabled = 0;
+    addTestBand(source.get(), BandAlt2, 1234.5678, 0.1 + 0.2, 1.0 / 3)->logScaleAutomation = 0;
+    source->showGrid = 0;
+    source->showTabs = 0;
+    source->outputGain = 0.3;
+    source->viewFlags = 1;
+    source->editorWidth = 1024;
+    source->editorHeight = 512;
+    std::vector<unsigned char> first = writtenChunk(source.get());
+
+    auto copy = makeTestInstance();
+    ASSERT_EQ(readStateChunk(copy.get(), first.data(), static_cast<intptr_t>(first.size())), 0);
+    ASSERT_EQ(copy->bandCount(), 3);
+    for (int32_t i = 0; i < 3; ++i) {
+        const EqBand& a = *source->band(i);
+        const EqBand& b = *copy->band(i);
+        EXPECT_EQ(a.type, b.type);
+        EXPECT_EQ(a.enabled, b.enabled);
+        EXPECT_EQ(bits(a.frequency), bits(b.frequency));
+        EXPECT_EQ(bits(a.gain), bits(b.gain));
+        EXPECT_EQ(bits(a.bandwidth), bits(b.bandwidth));
+        EXPECT_EQ(a.logScaleAutomation, b.logScaleAutomation);
+    }
+    EXPECT_EQ(copy->outputGain, 0.3);
+    EXPECT_EQ(copy->currentOutputGain, 0.3);
+    EXPECT_EQ(copy->editorHeight, 512);
+    EXPECT_EQ(writtenChunk(copy.get()), first);
+}
+
+TEST(StateChunk, LoadedBandsAreDesignedForTheInstanceRateWithoutGlide) {
+    auto instance = makeTestInstance();
+    instance->sampleRate = 48000.0;
+    readChunk(instance.get(), fullTrailer(twoBands(33)));
+    ASSERT_EQ(instance->bandCount(), 2);
+    const EqBand& shelf = *instance->band(0);
+    EXPECT_EQ(shelf.sampleRate, 48000.0);
+    expectCoefficients(shelf, referenceHighShelf(48000.0, 6000.0, 2.0, 1.0));
+    EXPECT_EQ(shelf.glideFrequency, 6000.0);
+    EXPECT_EQ(shelf.glideGain, 2.0);
+    EXPECT_EQ(shelf.logScaleAutomation, 0);
+    EXPECT_EQ(instance->band(1)->enabled, 0);
+    EXPECT_EQ(instance->band(1)->logScaleAutomation, 1);  // bit 0 of 0xFF
+    EXPECT_EQ(instance->effect.numParams, 6);
+    EXPECT_EQ(instance->refreshRequested, 1);
+    EXPECT_EQ(instance->outputGain, 0.25);
+    EXPECT_EQ(instance->editorWidth, 800);
+}
+
+TEST(StateChunk, OldRecordsLoadWithoutTheFlag) {
+    auto instance = makeTestInstance();
+    readChunk(instance.get(), fullTrailer(twoBands(32)));
+    ASSERT_EQ(instance->bandCount(), 2);
+    EXPECT_EQ(instance->band(0)->logScaleAutomation, 0);
+    EXPECT_EQ(instance->band(1)->logScaleAutomation, 0);
+    EXPECT_EQ(instance->band(1)->frequency, 250.0);
+    EXPECT_EQ(instance->editorHeight, 600);
+}
+
+TEST(StateChunk, LongerRecordsSkipTheirExtraBytes) {
+    auto instance = makeTestInstance();
+    readChunk(instance.get(), fullTrailer(twoBands(45)));
+    ASSERT_EQ(instance->bandCount(), 2);
+    EXPECT_EQ(instance->band(1)->type, Notch);
+    EXPECT_EQ(instance->band(1)->bandwidth, 0.5);
+    EXPECT_EQ(instance->band(1)->logScaleAutomation, 1);
+    EXPECT_EQ(instance->viewFlags, 1);
+    EXPECT_EQ(instance->editorWidth, 800);
+}
+
+TEST(StateChunk, AnEmptyBandListLoadsAsPassThrough) {
+    auto instance = makeTestInstance();
+    ASSERT_TRUE(loadDefaultBands(instance.get()));
+    ChunkBytes chunk;
+    chunk.put<int32_t>(33).put<int32_t>(0);
+    readChunk(instance.get(), fullTrailer(chunk));
+    EXPECT_EQ(instance->bandCount(), 0);
+    EXPECT_EQ(instance->effect.numParams, 0);
+    EXPECT_EQ(instance->showTabs, 1);
+}
+
+// What a trailer of `length` bytes sets; the rest keeps its marker value.
+struct TrailerExpectation {
+    int length;
+    bool grid, tabs, gain;
+    int viewFlagsAt;  // offset from the trailer start, -1 when not read
+    bool size;
+};
+
+TEST(StateChunk, EveryTrailerLengthReadsOnlyWhatIsThere) {
+    ChunkBytes complete = fullTrailer(twoBands(33));
+    const size_t trailerAt = 8 + 2 * 33;
+    for (int length = 0; length <= 28; ++length) {
+        SCOPED_TRACE(length);
+        TrailerExpectation e{length,       length >= 4,
+                             length >= 8,  length >= 16,
+                             length >= 20 ? 16 : (length >= 12 && length < 16 ? 8 : -1),
+                             length >= 28};
+        ChunkBytes chunk;
+        chunk.bytes.assign(complete.bytes.begin(), complete.bytes.begin() + trailerAt + length);
+        auto instance = makeTestInstance();
+        setMarkers(instance.get());
+        readChunk(instance.get(), chunk);
+        ASSERT_EQ(instance->bandCount(), 2);
+        EXPECT_EQ(instance->showGrid, e.grid ? 0 : 70);
+        EXPECT_EQ(instance->showTabs, e.tabs ? 1 : 71);
+        EXPECT_EQ(instance->outputGain, e.gain ? 0.25 : 1.0);
+        EXPECT_EQ(instance->currentOutputGain, e.gain ? 0.25 : 1.0);
+        int32_t flags = e.viewFlagsAt < 0 ? 72 : complete.at<int32_t>(trailerAt + e.viewFlagsAt);
+        EXPECT_EQ(instance->viewFlags, flags);
+        EXPECT_EQ(instance->editorWidth, e.size ? 800 : 73);
+        EXPECT_EQ(instance->editorHeight, e.size ? 600 : 74);
+    }
+}
+
+TEST(StateChunk, ChunksOfTwelveBytesOrLessChangeNothing) {
+    auto instance = makeTestInstance();
+    ASSERT_TRUE(loadDefaultBands(instance.get()));
+    setMarkers(instance.get());
+    ChunkBytes chunk;
+    chunk.put<int32_t>(33).put<int32_t>(0).put<int32_t>(1);
+    readChunk(instance.get(), chunk);
+    EXPECT_EQ(instance->bandCount(), 4);
+    EXPECT_EQ(instance->outputGain, 0.5);
+    EXPECT_EQ(instance->showGrid, 70);
+    EXPECT_EQ(readStateChunk(instance.get(), nullptr, 100), 0);
+}
+
+TEST(StateChunk, RejectedChunksKeepTheBandsButResetTheGain) {
+    struct Case {
+        const char* why;
+        int32_t recordSize, count;
+        int payload;
+    } cases[] = {
+        {"record size below 32", 31, 0, 5},  // 13 bytes
+        {"negative band count", 33, -1, 40},
+        {"band count overflowing 32 bits", 33, std::numeric_limits<int32_t>::max(), 60},
+        {"record size overflowing 32 bits", std::numeric_limits<int32_t>::max(), 3, 60},
+        {"records one byte longer than the chunk", 33, 2, 65},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.why);
+        auto instance = makeTestInstance();
+        ASSERT_TRUE(loadDefaultBands(instance.get()));
+        setMarkers(instance.get());
+        ChunkBytes chunk;
+        chunk.put<int32_t>(c.recordSize).put<int32_t>(c.count).padding(c.payload, 0x40);
+        readChunk(instance.get(), chunk);
+        EXPECT_EQ(instance->bandCount(), 4);
+        EXPECT_EQ(instance->band(0)->frequency, 100.0);
+        EXPECT_EQ(instance->outputGain, 1.0);
+        EXPECT_EQ(instance->currentOutputGain, 1.0);
+        EXPECT_EQ(instance->showGrid, 70);
+        EXPECT_EQ(instance->refreshRequested, 0);
+    }
+}
+
+TEST(StateChunk, RecordsFillingTheChunkExactlyAreAccepted) {
+    auto instance = makeTestInstance();
+    setMarkers(instance.get());
+    readChunk(instance.get(), twoBands(33));
+    EXPECT_EQ(instance->bandCount(), 2);
+    EXPECT_EQ(instance->showGrid, 70);
+    EXPECT_EQ(instance->outputGain, 1.0);
+}
