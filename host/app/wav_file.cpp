@@ -1,5 +1,10 @@
 #include "host/app/wav_file.h"
 
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
 #include "host/app/program_error.h"
 
 namespace {
@@ -12,8 +17,10 @@ bool isWavFormat(int format) {
 }  // namespace
 
 WavReader::WavReader(const std::string& path) {
+    if (access(path.c_str(), R_OK) != 0)
+        throw CommandFailure("cannot read " + path + ": " + std::strerror(errno));
     file_ = sf_open(path.c_str(), SFM_READ, &info_);
-    if (!file_) throw CommandFailure("cannot read " + path + ": " + sf_strerror(nullptr));
+    if (!file_) throw CommandFailure(path + " is not a WAV file: " + sf_strerror(nullptr));
     if (!isWavFormat(info_.format)) {
         sf_close(file_);
         throw CommandFailure(path + " is not a WAV file");

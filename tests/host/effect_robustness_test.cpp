@@ -1,0 +1,91 @@
+// A careless host: opcodes, indices and pointers outside anything the effect
+// answers must come back as 0 or empty text, never as a crash.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+
+#include "plugin_under_test.h"
+
+namespace {
+
+// Opcodes whose answer needs a valid pointer by their nature (the chunk is
+// handed out through ptr; the editor needs a parent; effClose ends the
+// instance) are left to their own tests.
+bool sweptWithNullPointer(int32_t opcode) {
+    return opcode != effClose && opcode != effEditOpen && opcode != effGetChunk;
+}
+
+class CarelessHost : public testing::Test {
+protected:
+    void SetUp() override {
+        session_ = openTestSession();
+        ASSERT_NE(session_, nullptr);
+    }
+    std::unique_ptr<EffectSession> session_;
+};
+
+TEST_F(CarelessHost, OpcodesBeyondTheTableAnswerZero) {
+    char text[256] = "";
+    for (int32_t opcode : {52, 53, 58, 71, 100, 1000, INT_MAX, -1, -2, INT_MIN}) {
+        EXPECT_EQ(session_->dispatch(opcode, 0, 0, text, 0.0f), 0) << opcode;
+        EXPECT_EQ(session_->dispatch(opcode, -1, -1, nullptr, 1.0f), 0) << opcode;
+    }
+}
+
+TEST_F(CarelessHost, NullPointersAndWildIndicesNeverCrash) {
+    const int32_t indices[] = {0, -1, 12, 1000000, INT_MAX, INT_MIN};
+    for (int32_t opcode = -3; opcode <= 80; ++opcode) {
+        if (!sweptWithNullPointer(opcode)) continue;
+        for (int32_t index : indices) session_->dispatch(opcode, index, 0, nullptr, 0.0f);
+    }
+    EXPECT_TRUE(session_->isOpen());
+    EXPECT_EQ(session_->parameterCount(), 12);
+}
+
+TEST_F(CarelessHost, VendorRequestsWithoutDataAnswerZero) {
+    const uint32_t requests[] = {0xDEADBEF0u, 7u, 27u, 0xDEADBF0Fu, 0xDEADBF10u, 0xDEADBF11u,
+                                 0xDEADBF12u, 0u, 0xFFFFFFFFu};
+    for (uint32_t request : requests)
+        EXPECT_EQ(session_->vendorSpecific(static_cast<int32_t>(request), 0, nullptr, 0.5f), 0)
+            << std::hex << request;
+}
+
+TEST_F(CarelessHost, ParameterTextsOutOfRangeAreEmpty) {
+    for (int32_t opcode : {effGetParamLabel, effGetParamDisplay, effGetParamName}) {
+        for (int32_t index : {-1, 12, 13, INT_MAX, INT_MIN}) {
+            char text[256];
+            std::memset(text, 'x', sizeof text);
+            text[255] = '\0';
+            EXPECT_EQ(session_->dispatch(opcode, index, 0, text), 0) << opcode << " " << index;
+            EXPECT_STREQ(text, "") << opcode << " " << index;
+        }
+    }
+}
+
+TEST_F(CarelessHost, ParametersOutOfRangeReadZeroAndIgnoreWrites) {
+    std::vector<uint8_t> before = session_->chunk();
+    for (int32_t index : {-1, 12, INT_MAX, INT_MIN}) {
+        EXPECT_EQ(session_->parameter(index), 0.0f) << index;
+        session_->setParameter(index, 0.9f);
+    }
+    EXPECT_EQ(session_->chunk(), before);
+}
+
+TEST_F(CarelessHost, TinyOrEmptyChunksChangeNothing) {
+    std::vector<uint8_t> before = session_->chunk();
+    uint8_t twelve[12] = {33, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+    EXPECT_EQ(session_->dispatch(effSetChunk, 0, 12, twelve), 0);
+    EXPECT_EQ(session_->dispatch(effSetChunk, 0, 0, nullptr), 0);
+    EXPECT_EQ(session_->dispatch(effSetChunk, 0, -5, twelve), 0);
+    EXPECT_EQ(session_->chunk(), before);
+    EXPECT_EQ(session_->parameterCount(), 12);
+}
+
+TEST_F(CarelessHost, EditorClosesWithoutHavingOpened) {
+    EXPECT_EQ(session_->dispatch(effEditClose), 0);
+    EXPECT_EQ(session_->dispatch(effEditClose), 0);
+    EXPECT_EQ(session_->dispatch(effEditGetRect, 0, 0, nullptr), 0);
+}
+
+}  // namespace

@@ -1,0 +1,19 @@
+// Runs the ombro-host program in its own process and collects what it wrote.
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct ProgramResult {
+    int exitCode = -1;  // -1 when it did not exit normally
+    std::string out;
+    std::string err;
+};
+
+ProgramResult runHostProgram(const std::vector<std::string>& arguments);
+
+// The lines of `text` that start with `prefix`.
+std::vector<std::string> linesStartingWith(const std::string& text, const std::string& prefix);
+
+// A fresh path in the test's temporary directory.
+std::string temporaryPath(const std::string& name);

@@ -1,0 +1,101 @@
+// The state chunk through the dispatcher: its bytes, built here from the
+// documented layout, and round trips between instances.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "plugin_under_test.h"
+
+namespace {
+
+// Little-endian packed writer for expected chunks.
+class ChunkBytes {
+public:
+    ChunkBytes& i32(int32_t value) { return raw(&value, 4); }
+    ChunkBytes& f64(double value) { return raw(&value, 8); }
+    ChunkBytes& u8(uint8_t value) { return raw(&value, 1); }
+    ChunkBytes& band(int32_t type, double frequency, double gain, double bandwidth) {
+        return i32(type).i32(1).f64(frequency).f64(gain).f64(bandwidth).u8(1);
+    }
+    ChunkBytes& defaultTrailer() { return i32(1).i32(1).f64(1.0).i32(0).i32(0).i32(0); }
+    const std::vector<uint8_t>& bytes() const { return bytes_; }
+
+private:
+    ChunkBytes& raw(const void* data, size_t size) {
+        const uint8_t* begin = static_cast<const uint8_t*>(data);
+        bytes_.insert(bytes_.end(), begin, begin + size);
+        return *this;
+    }
+    std::vector<uint8_t> bytes_;
+};
+
+constexpr int32_t kLowShelf = 0, kHighShelf = 1, kPeaking = 8;
+
+std::vector<uint8_t> defaultChunk() {
+    return ChunkBytes()
+        .i32(33)
+        .i32(4)
+        .band(kLowShelf, 100.0, 1.0, 2.0)
+        .band(kPeaking, 300.0, 1.0, 2.0)
+        .band(kPeaking, 1000.0, 1.0, 2.0)
+        .band(kHighShelf, 5000.0, 1.0, 2.0)
+        .defaultTrailer()
+        .bytes();
+}
+
+TEST(StateChunk, FreshInstanceSavesTheDefaultBandsByteForByte) {
+    auto session = openTestSession();
+    ASSERT_NE(session, nullptr);
+    std::vector<uint8_t> chunk = session->chunk();
+    EXPECT_EQ(chunk.size(), 168u);
+    EXPECT_EQ(chunk, defaultChunk());
+}
+
+TEST(StateChunk, LoadedBandsBecomeTheParameterList) {
+    auto session = openTestSession();
+    ASSERT_NE(session, nullptr);
+    std::vector<uint8_t> fiveBands = ChunkBytes()
+                                         .i32(33)
+                                         .i32(5)
+                                         .band(kLowShelf, 80.0, 2.0, 1.0)
+                                         .band(kPeaking, 250.0, 0.5, 1.5)
+                                         .band(kPeaking, 1000.0, 1.0, 2.0)
+                                         .band(kPeaking, 3000.0, 1.0, 2.0)
+                                         .band(kPeaking, 8000.0, 4.0, 0.5)
+                                         .defaultTrailer()
+                                         .bytes();
+    session->setChunk(fiveBands);
+    EXPECT_EQ(session->parameterCount(), 15);
+    EXPECT_EQ(session->parameterName(12), "Freq-Band 5");
+    EXPECT_EQ(session->parameterDisplay(0), "80.0");
+    EXPECT_EQ(session->parameterDisplay(13), "12.0");
+    EXPECT_EQ(session->parameterDisplay(14), "0.50");
+    EXPECT_EQ(session->chunk(), fiveBands);
+}
+
+TEST(StateChunk, TravelsBetweenInstances) {
+    auto source = openTestSession();
+    auto target = openTestSession();
+    ASSERT_NE(source, nullptr);
+    ASSERT_NE(target, nullptr);
+    source->setParameter(4, 0.75f);
+    source->setParameter(9, 0.2f);
+    target->setChunk(source->chunk());
+    EXPECT_EQ(target->chunk(), source->chunk());
+    for (int32_t index = 0; index < 12; ++index) {
+        EXPECT_FLOAT_EQ(target->parameter(index), source->parameter(index)) << index;
+        EXPECT_EQ(target->parameterDisplay(index), source->parameterDisplay(index)) << index;
+    }
+}
+
+TEST(StateChunk, ChunkWithoutTrailerLoadsItsBandsAndKeepsTheSettings) {
+    auto session = openTestSession();
+    ASSERT_NE(session, nullptr);
+    session->setChunk(ChunkBytes().i32(33).i32(1).band(kPeaking, 440.0, 1.0, 1.0).bytes());
+    EXPECT_EQ(session->parameterCount(), 3);
+    EXPECT_EQ(session->parameterDisplay(0), "440.0");
+    EXPECT_EQ(session->chunk(),
+              ChunkBytes().i32(33).i32(1).band(kPeaking, 440.0, 1.0, 1.0).defaultTrailer().bytes());
+}
+
+}  // namespace
