@@ -6,8 +6,6 @@
 
 namespace kobal_layer {
 
-const ControlClass* const* standardClasses(int* count);
-
 const ControlClass* findControlClass(const char* className) {
     if (!className) return nullptr;
     int count = 0;
@@ -20,6 +18,11 @@ const ControlClass* findControlClass(const char* className) {
 const ControlClass* controlClassOf(HWND handle) {
     KobalWindow* window = liveWindow(handle);
     return window ? findControlClass(window->className.c_str()) : nullptr;
+}
+
+bool isTransparentWindow(HWND handle) {
+    const ControlClass* standard = controlClassOf(handle);
+    return standard && standard->isTransparent && standard->isTransparent(handle->style);
 }
 
 HWND createControl(HWND parent, const char* className, const char* text, int id, uint32_t style,
@@ -40,6 +43,7 @@ HWND createControl(HWND parent, const char* className, const char* text, int id,
     creation.procedure = standard ? standard->procedure : nullptr;
     HWND window = createWindow(creation);
     if (standard && standard->makeState) window->control = standard->makeState(style);
+    if (standard && standard->created) standard->created(window);
     return window;
 }
 

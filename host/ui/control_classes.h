@@ -19,10 +19,18 @@ struct ControlClass {
     // Draws the control's face into `canvas` with the control's top left at
     // (x, y); null for controls that paint themselves.
     void (*drawFace)(HWND control, Canvas& canvas, int x, int y);
-    // Drawn straight onto the parent and ignored by hit testing (group boxes).
-    bool transparent;
+    // True for controls drawn straight onto the parent, under their
+    // siblings, and ignored by hit testing (group boxes); null: never.
+    bool (*isTransparent)(uint32_t style);
+    // Called once the window exists, to adjust it (null: nothing to do).
+    void (*created)(HWND control);
 };
 
+// True when the window's class draws it transparently (see ControlClass).
+bool isTransparentWindow(HWND window);
+
+// The table of every standard class (standard_classes.cpp).
+const ControlClass* const* standardClasses(int* count);
 const ControlClass* findControlClass(const char* className);
 // The class record a window was created with, or null.
 const ControlClass* controlClassOf(HWND window);

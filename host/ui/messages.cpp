@@ -4,6 +4,7 @@
 #include <deque>
 #include <mutex>
 
+#include "host/ui/pointer_and_keys.h"
 #include "host/ui/text_and_time.h"
 #include "host/ui/timers.h"
 #include "host/ui/window_functions.h"
@@ -53,6 +54,8 @@ void collectInvalid(KobalWindow* window, std::vector<HWND>* invalid) {
     for (KobalWindow* child : window->children) collectInvalid(child, invalid);
 }
 
+}  // namespace
+
 int paintInvalidWindows() {
     std::vector<HWND> invalid;
     for (HWND top : topLevelWindows()) collectInvalid(top, &invalid);
@@ -65,6 +68,8 @@ int paintInvalidWindows() {
         }
     return painted;
 }
+
+namespace {
 
 void forgetQueuedMessages(HWND window) {
     std::lock_guard<std::mutex> guard(queueLock);
@@ -113,6 +118,11 @@ LRESULT DefWindowProc(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CLOSE: DestroyWindow(handle); return 0;
         case WM_MOUSEWHEEL:
             return window->parent ? SendMessage(window->parent, message, wParam, lParam) : 0;
+        case WM_SETCURSOR:
+            // The parent may set the cursor for its children; otherwise the arrow.
+            if (window->parent && SendMessage(window->parent, message, wParam, lParam)) return 1;
+            KOBAL_SetCursor(KOBAL_LoadCursor(IDC_ARROW));
+            return 0;
         default: return 0;
     }
 }
@@ -152,6 +162,11 @@ int pumpMessages() {
 int pendingPostedMessages() {
     std::lock_guard<std::mutex> guard(queueLock);
     return static_cast<int>(queue().size());
+}
+
+void dropPostedMessages() {
+    std::lock_guard<std::mutex> guard(queueLock);
+    queue().clear();
 }
 
 }  // namespace kobal_layer

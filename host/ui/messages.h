@@ -11,7 +11,8 @@ namespace kobal_layer {
 LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 BOOL PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // Default handling: WM_PAINT validates, WM_SETTEXT/WM_GETTEXT keep the text,
-// WM_CLOSE destroys, WM_MOUSEWHEEL goes up to the parent; everything else 0.
+// WM_CLOSE destroys, WM_MOUSEWHEEL goes up to the parent, WM_SETCURSOR asks
+// the parent and else sets the arrow; everything else answers 0.
 LRESULT DefWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // The whole window is repainted at the next pump (rect is not tracked).
 BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase);
@@ -25,7 +26,10 @@ void invalidateWithChildren(HWND window);
 // meanwhile), then fires the timers due on the host clock, then paints.
 // Returns the number of messages delivered.
 int pumpMessages();
-// Posted messages not delivered yet.
+// Posted messages not delivered yet; dropping them all.
 int pendingPostedMessages();
+void dropPostedMessages();
+// Sends WM_PAINT to every shown window that is invalid (the pump's last step).
+int paintInvalidWindows();
 
 }  // namespace kobal_layer

@@ -18,8 +18,7 @@ bool containsPoint(const RECT& rect, POINT point) {
 
 bool takesPointer(KobalWindow* window) {
     if (!window->visible || (window->style & WS_DISABLED_STYLE)) return false;
-    const ControlClass* standard = controlClassOf(window);
-    return !(standard && standard->transparent);
+    return !isTransparentWindow(window);
 }
 
 // `point` is in the coordinates `windows` are placed in; the topmost first.
