@@ -27,10 +27,21 @@ int bitReversedPair(int transformSize, int index) {
     return reversed;
 }
 
+// e^(-2 pi i k / 2048), the only length the analyzer transforms.
+const std::vector<std::complex<double>>& twiddles() {
+    static const std::vector<std::complex<double>> table = [] {
+        std::vector<std::complex<double>> values(kRing);
+        for (int k = 0; k < kRing; ++k) values[k] = std::polar(1.0, -2 * kPi * k / kRing);
+        return values;
+    }();
+    return table;
+}
+
 std::complex<double> dftBin(const double* x, int length, int bin) {
+    EXPECT_EQ(length, kRing);
+    const auto& w = twiddles();
     std::complex<double> sum = 0.0;
-    for (int n = 0; n < length; ++n)
-        sum += x[n] * std::polar(1.0, -2 * kPi * (static_cast<long>(bin) * n % length) / length);
+    for (int n = 0; n < kRing; ++n) sum += x[n] * w[bin * n % kRing];
     return sum;
 }
 
