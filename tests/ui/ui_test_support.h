@@ -1,0 +1,42 @@
+// Shared pieces of the windowing layer's tests: a fixture that starts every
+// test from a clean layer on the manual clock, and window procedures that
+// record the messages they receive.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "contracts/kobal.h"
+
+struct RecordedMessage {
+    HWND window;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+};
+
+// Every message that reached a recording procedure, in order.
+std::vector<RecordedMessage>& recordedMessages();
+// Only the messages numbered `message`.
+std::vector<RecordedMessage> recordedOf(UINT message);
+// A window procedure that records and then does the default handling.
+LRESULT recordingWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+// A dialog procedure that records and answers 0 (default handling), and on
+// WM_INITDIALOG keeps lParam in GWL_USERDATA as the plug-in's dialogs do.
+LRESULT recordingDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+class UiLayerTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+    // A shown host window at (100, 50) on the screen, 400 × 300.
+    HWND hostWindow();
+};
+
+constexpr int kHostLeft = 100;
+constexpr int kHostTop = 50;
+
+// A path under the build's screenshot folder (created when missing).
+std::string screenshotPath(const std::string& fileName);
