@@ -3,14 +3,11 @@
 #include "host/raster/canvas_bitmap.h"
 #include "host/raster/color.h"
 #include "host/raster/font_faces.h"
+#include "host/ui/ui_font.h"
 
 namespace {
 
 constexpr int kDefaultHeight = 12;
-
-// The windowing layer does not describe its fonts yet: every UI font reads
-// as the default.
-bool describeUiFont(HFONT, LOGFONT*) { return false; }
 
 TextFont textFontFor(HFONT font) {
     LOGFONT description{};

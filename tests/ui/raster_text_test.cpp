@@ -2,6 +2,9 @@
 // colours and the one-line text functions.
 #include <gtest/gtest.h>
 
+#include <cstring>
+
+#include "host/ui/ui_font.h"
 #include "tests/ui/raster_test_support.h"
 
 namespace {
@@ -112,6 +115,38 @@ TEST(MuraFontMeasuring, UiFontHeightSetsTheLineHeight) {
     EXPECT_EQ(font->lineHeight(), 12);  // the default, 12-pixel Arial
     font->takeUiFont(nullptr, 0x200);
     EXPECT_EQ(font->lineHeight(), 12);
+}
+
+HFONT uiFont(int height, int weight = 400) {
+    LOGFONT description{};
+    description.lfHeight = height;
+    description.lfWeight = weight;
+    std::strcpy(description.lfFaceName, "Arial");
+    return kobal_layer::CreateFontIndirect(&description);
+}
+
+TEST(MuraFontMeasuring, LineHeightFollowsTheUiFontsHeight) {
+    FontPtr font(MURA_CreateFont());
+    font->takeUiFont(uiFont(10), 0x200);  // the graph's label font
+    EXPECT_EQ(font->lineHeight(), 10);
+    font->takeUiFont(uiFont(30), 0x200);
+    EXPECT_EQ(font->lineHeight(), 30);
+    // A negative height is the character height: the cell is taller.
+    font->takeUiFont(uiFont(-20), 0x200);
+    EXPECT_GT(font->lineHeight(), 20);
+    EXPECT_LE(font->lineHeight(), 24);
+}
+
+TEST(MuraFontMeasuring, BoldTextIsWider) {
+    FontPtr regular(MURA_CreateFont());
+    FontPtr bold(MURA_CreateFont());
+    regular->takeUiFont(uiFont(16), 0);
+    bold->takeUiFont(uiFont(16, 700), 0);
+    RECT regularRect{0, 0, 0, 0};
+    RECT boldRect{0, 0, 0, 0};
+    regular->drawText(nullptr, "Bandwidth (oct):", -1, &regularRect, DT_CALCRECT);
+    bold->drawText(nullptr, "Bandwidth (oct):", -1, &boldRect, DT_CALCRECT);
+    EXPECT_GT(boldRect.right, regularRect.right);
 }
 
 TEST(MuraFontColours, TextColourIgnoresTheAlphaByteAndReturnsThePrevious) {
