@@ -99,11 +99,8 @@ void MURA_Line(MuraBitmap* bitmap, float x1, float y1, float x2, float y2, uint3
 
 void MURA_Circle(MuraBitmap* bitmap, float cx, float cy, float radius, uint32_t color,
                  double alpha, int mode, int antialias) {
-    MuraPaint paint(bitmap, color, alpha, mode, antialias != 0);
-    if (!paint || !(radius >= 0)) return;
-    addCircle(paint.cr(), cx, cy, radius);
-    cairo_set_line_width(paint.cr(), 1.0);
-    cairo_stroke(paint.cr());
+    MURA_Arc(bitmap, cx, cy, radius, 0.0f, static_cast<float>(2 * M_PI), color, alpha, mode,
+             antialias);
 }
 
 void MURA_FillCircle(MuraBitmap* bitmap, float cx, float cy, float radius, uint32_t color,

@@ -67,6 +67,12 @@ protected:
     void resizeDialog(int width, int height) {
         kobal::SetWindowPos(dialog, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
     }
+    // Grows the dialog by (dx, dy) against its resource size and lays it out.
+    void layOutGrownBy(int dx, int dy) {
+        resizeDialog(kDialogWidth + dx, kDialogHeight + dy);
+        sizer.applyLayout(nullptr, false, 0, 0);
+    }
+    const RECT& lastRectOf(int itemIndex) { return sizer.items.as<SizerItem>()[itemIndex].lastRect; }
     HWND control(int id) { return kobal::GetDlgItem(dialog, id); }
 
     HWND dialog = nullptr;
@@ -141,8 +147,7 @@ TEST_F(LayoutSizerTest, EdgesFollowTheirShareOfTheChange) {
     sizer.addItem(kLeftBox, 0, 0, 1, 1);    // stretches
     sizer.addItem(kRightBox, 1, 0, 1, 0);   // moves right
     sizer.addItem(kBottomBox, 0, 1, 1, 1);  // moves down, stretches across
-    resizeDialog(kDialogWidth + 40, kDialogHeight + 30);
-    sizer.applyLayout(nullptr, false, 0, 0);
+    layOutGrownBy(40, 30);
     EXPECT_RECT(rectInParent(control(kLeftBox)), 10, 20, 100, 80);
     EXPECT_RECT(rectInParent(control(kRightBox)), 160, 10, 230, 40);
     EXPECT_RECT(rectInParent(control(kBottomBox)), 10, 100, 230, 120);
@@ -151,19 +156,17 @@ TEST_F(LayoutSizerTest, EdgesFollowTheirShareOfTheChange) {
 TEST_F(LayoutSizerTest, HalfSharesAreTruncatedTowardZero) {
     sizer.init(dialog, nullptr);
     sizer.addItem(kLeftBox, 0.5f, 0.5f, 0.5f, 0.5f);
-    resizeDialog(kDialogWidth - 3, kDialogHeight + 3);
-    sizer.applyLayout(nullptr, false, 0, 0);
+    layOutGrownBy(-3, 3);
     // -3 * 0.5 = -1.5 moves by -1 (not -2); +3 * 0.5 = 1.5 moves by +1
-    EXPECT_RECT(sizer.items.as<SizerItem>()[0].lastRect, 9, 21, 59, 51);
+    EXPECT_RECT(lastRectOf(0), 9, 21, 59, 51);
     EXPECT_RECT(rectInParent(control(kLeftBox)), 9, 21, 59, 51);
 }
 
 TEST_F(LayoutSizerTest, CollapsingControlsKeepZeroSizeAtTheirLeftAndTopEdges) {
     sizer.init(dialog, nullptr);
     sizer.addItem(kLeftBox, 0, 0, 1, 1);
-    resizeDialog(kDialogWidth - 150, kDialogHeight - 80);
-    sizer.applyLayout(nullptr, false, 0, 0);
-    EXPECT_RECT(sizer.items.as<SizerItem>()[0].lastRect, 10, 20, 10, 20);
+    layOutGrownBy(-150, -80);
+    EXPECT_RECT(lastRectOf(0), 10, 20, 10, 20);
     EXPECT_RECT(rectInParent(control(kLeftBox)), 10, 20, 10, 20);
 }
 
@@ -173,10 +176,9 @@ TEST_F(LayoutSizerTest, SameIdTwiceMakesTwoItemsAndFindItemAnswersTheFirst) {
     sizer.addItem(kRightBox, 0, 1, 0, 1);
     ASSERT_EQ(sizer.items.count<SizerItem>(), 2);
     EXPECT_EQ(sizer.findItem(kRightBox), &sizer.items.as<SizerItem>()[0]);
-    resizeDialog(kDialogWidth + 10, kDialogHeight + 20);
-    sizer.applyLayout(nullptr, false, 0, 0);
-    EXPECT_RECT(sizer.items.as<SizerItem>()[0].lastRect, 130, 10, 200, 40);
-    EXPECT_RECT(sizer.items.as<SizerItem>()[1].lastRect, 120, 30, 190, 60);
+    layOutGrownBy(10, 20);
+    EXPECT_RECT(lastRectOf(0), 130, 10, 200, 40);
+    EXPECT_RECT(lastRectOf(1), 120, 30, 190, 60);
     // Both moved the same window; the second move is the one that stays.
     EXPECT_RECT(rectInParent(control(kRightBox)), 120, 30, 190, 60);
 }
@@ -200,8 +202,7 @@ TEST_F(LayoutSizerTest, InitWithNeitherDialogNorRectangleForgetsEverything) {
     EXPECT_EQ(sizer.items.size, 0);
     EXPECT_EQ(sizer.items.data, nullptr);
     EXPECT_EQ(sizer.findItem(kLeftBox), nullptr);
-    resizeDialog(kDialogWidth + 50, kDialogHeight + 50);
-    sizer.applyLayout(nullptr, false, 0, 0);
+    layOutGrownBy(50, 50);
     EXPECT_RECT(rectInParent(control(kLeftBox)), 10, 20, 60, 50);
 }
 
@@ -211,8 +212,7 @@ TEST_F(LayoutSizerTest, ReplacedWindowIsLaidOutFromTheFirstControlsRectangle) {
     SizerItem* item = sizer.findItem(kLeftBox);
     ASSERT_NE(item, nullptr);
     item->window = control(kRightBox);
-    resizeDialog(kDialogWidth + 20, kDialogHeight + 10);
-    sizer.applyLayout(nullptr, false, 0, 0);
+    layOutGrownBy(20, 10);
     EXPECT_RECT(rectInParent(control(kRightBox)), 10, 20, 80, 60);
     EXPECT_RECT(rectInParent(control(kLeftBox)), 10, 20, 60, 50);
     EXPECT_EQ(sizer.findItem(kRightBox), item);
@@ -225,7 +225,7 @@ TEST_F(LayoutSizerTest, OnlyWindowNoMoveAndOffsetsRestrictTheLayout) {
     resizeDialog(kDialogWidth + 10, kDialogHeight);
 
     sizer.applyLayout(nullptr, true, 0, 0);
-    EXPECT_RECT(sizer.items.as<SizerItem>()[1].lastRect, 130, 10, 200, 40);
+    EXPECT_RECT(lastRectOf(1), 130, 10, 200, 40);
     EXPECT_RECT(rectInParent(control(kRightBox)), 120, 10, 190, 40);
 
     sizer.applyLayout(control(kRightBox), false, 5, -5);
