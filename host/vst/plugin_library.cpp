@@ -15,7 +15,9 @@ std::string loaderError() {
 
 PluginLibrary::PluginLibrary(const std::string& path) : path_(path) {
     dlerror();
-    handle_ = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    // Never unmapped: the plug-in keeps process-wide storage (its chunk buffer,
+    // its runtime's pools) that must stay reachable until the process ends.
+    handle_ = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (!handle_) throw std::runtime_error("cannot load plug-in " + path + ": " + loaderError());
     mainEntry_ = reinterpret_cast<VstPluginMainProc>(dlsym(handle_, "VSTPluginMain"));
     if (!mainEntry_) {
