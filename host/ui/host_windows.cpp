@@ -23,8 +23,7 @@ void resetWindowingLayer() {
     for (HWND window : topLevelWindows()) DestroyWindow(window);
     dropPostedMessages();
     destroyAllMenus();
-    setMenuChooser(nullptr);
-    clearQueuedMenuChoices();
+    resetMenuTracking();
     ReleaseCapture();
     SetFocus(nullptr);
     releaseAllKeys();

@@ -224,7 +224,7 @@ void setMenuChooser(MenuChooser chooser) { tracking().chooser = std::move(choose
 
 void queueMenuChoice(UINT commandId) { tracking().queuedChoices.push_back(commandId); }
 
-void clearQueuedMenuChoices() { tracking().queuedChoices.clear(); }
+void resetMenuTracking() { tracking() = TrackingRecord{}; }
 
 void destroyAllMenus() {
     while (!liveMenus().empty()) {

@@ -57,7 +57,8 @@ int liveMenuCount();
 using MenuChooser = std::function<UINT(const MenuView& menu, POINT screenPoint, HWND owner)>;
 void setMenuChooser(MenuChooser chooser);
 void queueMenuChoice(UINT commandId);
-void clearQueuedMenuChoices();
+// Forgets the chooser, queued choices and what was tracked.
+void resetMenuTracking();
 void destroyAllMenus();
 // The menu shown by the latest TrackPopupMenu, as it was then.
 std::optional<MenuView> lastTrackedMenu();

@@ -1,0 +1,264 @@
+// The standard controls and the notifications their parent receives.
+#include <vector>
+
+#include "host/ui/combo_box.h"
+#include "host/ui/dialog_items.h"
+#include "host/ui/dialogs.h"
+#include "host/ui/fader.h"
+#include "host/ui/focus_and_capture.h"
+#include "host/ui/input_injection.h"
+#include "host/ui/messages.h"
+#include "host/ui/tab_control.h"
+#include "host/ui/window_functions.h"
+#include "host/ui/window_tree.h"
+#include "tests/ui/ui_test_support.h"
+
+using namespace kobal_layer;
+
+namespace {
+
+enum ControlId { kPush = 1, kCheck, kEdit, kReadOnly, kCombo, kTabs, kHorizontal, kVertical };
+
+// At scale 1 the dialog units are pixels.
+const ControlRecord kControls[] = {
+    {kMarkerButton, 0, 0, "Add band", kPush, 10, 10, 60, 20, 0},
+    {"Show grid", kCheck, 0, "Button", 0x10003, 10, 40, 80, 16, 0},
+    {kMarkerEdit, 0, 0, "", kEdit, 100, 10, 60, 20, 0},
+    {kMarkerEdit, 0, 0, "fixed", kReadOnly, 100, 40, 60, 20, 0x10800},
+    {kMarkerCombo, 0, 0, "", kCombo, 170, 10, 100, 146, 0x210003},
+    {"Bands", kTabs, 0, "SysTabControl32", 0x10000, 10, 70, 260, 60, 0},
+    {"", kHorizontal, 0, "HARVINhfader", 0x10000, 10, 140, 210, 20, 0},
+    {"", kVertical, 0, "HARVINvfader", 0x10000, 300, 10, 20, 110, 0},
+};
+
+void createControls(HWND window, int32_t) {
+    KOBAL_MakeSetCurParms(1.0f, 1.0f, 0, 0, window, false, true);
+    KOBAL_GenerateDialogFromList(kControls, sizeof(kControls) / sizeof(kControls[0]));
+}
+
+DialogResource controlsResource{300, "", 13, 0, createControls, 340, 180, nullptr};
+
+// Tab notifications point at a header that only lives during the call.
+std::vector<NMHDR>& notifications() {
+    static std::vector<NMHDR> headers;
+    return headers;
+}
+
+LRESULT notedDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NOTIFY) notifications().push_back(*reinterpret_cast<NMHDR*>(lParam));
+    return recordingDialogProcedure(window, message, wParam, lParam);
+}
+
+class Controls : public UiLayerTest {
+protected:
+    void SetUp() override {
+        UiLayerTest::SetUp();
+        notifications().clear();
+        dialog = KOBAL_CreateDialog(&controlsResource, 300, hostWindow(), notedDialogProcedure, 0);
+        ShowWindow(dialog, SW_SHOW);
+        recordedMessages().clear();
+    }
+    HWND item(int id) { return GetDlgItem(dialog, id); }
+    std::vector<RecordedMessage> commandsFrom(int id) {
+        std::vector<RecordedMessage> commands;
+        for (const RecordedMessage& message : recordedOf(WM_COMMAND))
+            if ((message.wParam & 0xFFFF) == static_cast<WPARAM>(id)) commands.push_back(message);
+        return commands;
+    }
+    static WPARAM commandWord(int id, UINT code) { return (static_cast<WPARAM>(code) << 16) | id; }
+    HWND dialog = nullptr;
+};
+
+TEST_F(Controls, PushButtonClickSendsBnClickedWithIdAndHandle) {
+    EXPECT_TRUE(clickButton(item(kPush)));
+    auto commands = commandsFrom(kPush);
+    ASSERT_EQ(commands.size(), 1u);
+    EXPECT_EQ(commands[0].window, dialog);
+    EXPECT_EQ(commands[0].wParam, commandWord(kPush, BN_CLICKED));
+    EXPECT_EQ(commands[0].lParam, reinterpret_cast<LPARAM>(item(kPush)));
+}
+
+TEST_F(Controls, ReleasingOutsideTheButtonCancelsTheClick) {
+    POINT inside = screenPointOf(item(kPush), POINT{5, 5});
+    POINT outside = screenPointOf(item(kPush), POINT{200, 5});
+    pressMouse(MouseButton::left, inside);
+    EXPECT_EQ(releaseMouse(MouseButton::left, outside), item(kPush));  // it held the capture
+    EXPECT_TRUE(commandsFrom(kPush).empty());
+}
+
+TEST_F(Controls, AutoCheckBoxTogglesOnClickButNotWhenSetByProgram) {
+    CheckDlgButton(dialog, kCheck, BST_CHECKED);
+    EXPECT_EQ(IsDlgButtonChecked(dialog, kCheck), BST_CHECKED);
+    EXPECT_TRUE(commandsFrom(kCheck).empty());
+    clickButton(item(kCheck));
+    EXPECT_EQ(IsDlgButtonChecked(dialog, kCheck), BST_UNCHECKED);
+    clickButton(item(kCheck));
+    EXPECT_EQ(IsDlgButtonChecked(dialog, kCheck), BST_CHECKED);
+    auto commands = commandsFrom(kCheck);
+    ASSERT_EQ(commands.size(), 2u);
+    EXPECT_EQ(commands[1].wParam, commandWord(kCheck, BN_CLICKED));
+    EXPECT_EQ(IsDlgButtonChecked(dialog, 999), 0u);
+}
+
+TEST_F(Controls, EditSendsEnChangeForEverySetAndEveryTypedCharacter) {
+    SetDlgItemText(dialog, kEdit, "0.0");
+    EXPECT_EQ(commandsFrom(kEdit).size(), 1u);
+    typeIntoEdit(item(kEdit), "-3.5");  // clear, then four characters
+    auto commands = commandsFrom(kEdit);
+    ASSERT_EQ(commands.size(), 6u);
+    for (const RecordedMessage& command : commands)
+        EXPECT_EQ(command.wParam, commandWord(kEdit, EN_CHANGE));
+    char text[16];
+    EXPECT_EQ(GetDlgItemText(dialog, kEdit, text, sizeof text), 4u);
+    EXPECT_STREQ(text, "-3.5");
+    typeIntoEdit(item(kEdit), "\b\b1", false);
+    GetDlgItemText(dialog, kEdit, text, sizeof text);
+    EXPECT_STREQ(text, "-31");
+    GetDlgItemText(dialog, kEdit, text, 3);
+    EXPECT_STREQ(text, "-3");
+}
+
+TEST_F(Controls, ReadOnlyEditIgnoresTypingButTakesProgramText) {
+    typeIntoEdit(item(kReadOnly), "typed");
+    char text[16];
+    GetDlgItemText(dialog, kReadOnly, text, sizeof text);
+    EXPECT_STREQ(text, "fixed");
+    EXPECT_TRUE(commandsFrom(kReadOnly).empty());
+    SetDlgItemText(dialog, kReadOnly, "440.0 A4");
+    GetDlgItemText(dialog, kReadOnly, text, sizeof text);
+    EXPECT_STREQ(text, "440.0 A4");
+    EXPECT_EQ(commandsFrom(kReadOnly).size(), 1u);
+}
+
+TEST_F(Controls, DropDownListSelectsSilentlyAndNotifiesUserChoices) {
+    HWND combo = item(kCombo);
+    const char* types[] = {"Low Shelf", "High Shelf", "Band"};
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(SendMessage(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(types[i])), i);
+    EXPECT_EQ(SendMessage(combo, CB_GETCURSEL, 0, 0), -1);
+    EXPECT_EQ(SendMessage(combo, CB_SETCURSEL, 1, 0), 1);
+    EXPECT_EQ(SendMessage(combo, CB_GETCURSEL, 0, 0), 1);
+    EXPECT_TRUE(commandsFrom(kCombo).empty());
+    char text[16];
+    GetDlgItemText(dialog, kCombo, text, sizeof text);
+    EXPECT_STREQ(text, "High Shelf");
+    EXPECT_TRUE(chooseListEntry(combo, 2));
+    auto commands = commandsFrom(kCombo);
+    ASSERT_EQ(commands.size(), 1u);
+    EXPECT_EQ(commands[0].wParam, commandWord(kCombo, CBN_SELCHANGE));
+    EXPECT_EQ(SendMessage(combo, CB_GETCURSEL, 0, 0), 2);
+    EXPECT_FALSE(chooseListEntry(combo, 3));
+    EXPECT_EQ(SendMessage(combo, CB_SETCURSEL, 9, 0), CB_ERR);
+    EXPECT_EQ(SendMessage(combo, CB_GETCURSEL, 0, 0), -1);
+    SendMessage(combo, CB_RESETCONTENT, 0, 0);
+    EXPECT_EQ(SendMessage(combo, CB_GETCOUNT, 0, 0), 0);
+}
+
+TEST_F(Controls, DropDownListWindowIsOnlyAsTallAsItsField) {
+    RECT rect{};
+    GetWindowRect(item(kCombo), &rect);
+    EXPECT_EQ(rect.bottom - rect.top, kComboFieldHeight);
+    // The fader below the list's open area still gets the mouse.
+    POINT belowField = screenPointOf(dialog, POINT{200, 145});
+    EXPECT_EQ(WindowFromPoint(belowField), item(kHorizontal));
+}
+
+TEST_F(Controls, TabStripKeepsItsTabsAndSelection) {
+    HWND tabs = item(kTabs);
+    char one[] = "1", two[] = "2", three[] = "3";
+    TCITEM tab{TCIF_TEXT, 0, 0, one, 0, 0, 0};
+    EXPECT_EQ(TabCtrl_InsertItem(tabs, 0, &tab), 0);
+    EXPECT_EQ(TabCtrl_GetCurSel(tabs), 0);  // the first tab becomes current
+    tab.pszText = three;
+    EXPECT_EQ(TabCtrl_InsertItem(tabs, 5, &tab), 1);  // past the end: appended
+    tab.pszText = two;
+    EXPECT_EQ(TabCtrl_InsertItem(tabs, 1, &tab), 1);
+    EXPECT_EQ(TabCtrl_GetItemCount(tabs), 3);
+    EXPECT_STREQ(tabText(tabs, 1), "2");
+    EXPECT_STREQ(tabText(tabs, 2), "3");
+    EXPECT_EQ(TabCtrl_SetCurSel(tabs, 2), 0);
+    EXPECT_EQ(TabCtrl_SetCurSel(tabs, 3), -1);
+    EXPECT_EQ(TabCtrl_GetCurSel(tabs), 2);
+    EXPECT_TRUE(TabCtrl_DeleteItem(tabs, 0));
+    EXPECT_EQ(TabCtrl_GetCurSel(tabs), 1);  // still the tab "3"
+    EXPECT_FALSE(TabCtrl_DeleteItem(tabs, 2));
+    EXPECT_TRUE(notifications().empty());
+    EXPECT_EQ(TabCtrl_GetItemCount(item(kEdit)), 0);  // not a tab strip
+}
+
+TEST_F(Controls, ClickingATabNotifiesSelChangingThenSelChange) {
+    HWND tabs = item(kTabs);
+    char one[] = "1", two[] = "2";
+    TCITEM tab{TCIF_TEXT, 0, 0, one, 0, 0, 0};
+    TabCtrl_InsertItem(tabs, 0, &tab);
+    tab.pszText = two;
+    TabCtrl_InsertItem(tabs, 1, &tab);
+    EXPECT_TRUE(clickTab(tabs, 1));
+    EXPECT_EQ(TabCtrl_GetCurSel(tabs), 1);
+    ASSERT_EQ(notifications().size(), 2u);
+    EXPECT_EQ(notifications()[0].code, TCN_SELCHANGING);
+    EXPECT_EQ(notifications()[1].code, TCN_SELCHANGE);
+    EXPECT_EQ(notifications()[1].hwndFrom, tabs);
+    EXPECT_EQ(notifications()[1].idFrom, static_cast<UINT_PTR>(kTabs));
+    EXPECT_EQ(recordedOf(WM_NOTIFY)[1].wParam, static_cast<WPARAM>(kTabs));
+    clickTab(tabs, 1);  // the current tab again: nothing
+    EXPECT_EQ(notifications().size(), 2u);
+    EXPECT_FALSE(clickTab(tabs, 2));
+}
+
+TEST_F(Controls, FaderKeepsItsRangePositionAndTexts) {
+    HWND fader = item(kHorizontal);
+    EXPECT_EQ(SendMessage(fader, TBM_GETRANGEMIN, 0, 0), 0);
+    EXPECT_EQ(SendMessage(fader, TBM_GETRANGEMAX, 0, 0), 1000);
+    SendMessage(fader, TBM_SETPOS, 0, 1500);
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 1000);
+    SendMessage(fader, TBM_SETRANGE, 1, (400 << 16) | 100);
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 400);
+    SendMessage(fader, TBM_SETPOS, 1, 50);
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 100);
+    SendMessage(fader, FADER_SETTEXT, 1, reinterpret_cast<LPARAM>("Output gain"));
+    SendMessage(fader, FADER_SETTEXT, 2, reinterpret_cast<LPARAM>("-6.0"));
+    EXPECT_STREQ(faderText(fader, kFaderNameText), "Output gain");
+    EXPECT_STREQ(faderText(fader, kFaderValueText), "-6.0");
+    EXPECT_TRUE(recordedOf(WM_HSCROLL).empty());  // programs move it silently
+}
+
+TEST_F(Controls, DraggingAHorizontalFaderTracksThenEnds) {
+    HWND fader = item(kHorizontal);
+    // 210 pixels wide with a 10-pixel knob: 200 pixels of travel, 5 positions each.
+    EXPECT_TRUE(dragFaderTo(fader, 750));
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 750);
+    auto scrolls = recordedOf(WM_HSCROLL);
+    ASSERT_GE(scrolls.size(), 3u);
+    for (size_t i = 0; i + 1 < scrolls.size(); ++i) {
+        EXPECT_EQ(scrolls[i].wParam & 0xFFFF, static_cast<WPARAM>(SB_THUMBTRACK));
+        EXPECT_EQ(scrolls[i].lParam, reinterpret_cast<LPARAM>(fader));
+    }
+    EXPECT_EQ(scrolls[scrolls.size() - 2].wParam >> 16, 750u);
+    EXPECT_EQ(scrolls.back().wParam & 0xFFFF, static_cast<WPARAM>(SB_ENDSCROLL));
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_TRUE(recordedOf(WM_VSCROLL).empty());
+}
+
+TEST_F(Controls, VerticalFaderHasItsMaximumAtTheTopAndScrollsVertically) {
+    HWND fader = item(kVertical);
+    RECT client{};
+    GetClientRect(fader, &client);
+    clickAt(fader, POINT{10, 0});
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 1000);
+    clickAt(fader, POINT{10, client.bottom - 1});
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 0);
+    EXPECT_FALSE(recordedOf(WM_VSCROLL).empty());
+    EXPECT_TRUE(recordedOf(WM_HSCROLL).empty());
+}
+
+TEST_F(Controls, WheelMovesAFaderByOnePercentPerNotch) {
+    HWND fader = item(kHorizontal);
+    SendMessage(fader, TBM_SETPOS, 1, 500);
+    turnWheel(screenPointOf(fader, POINT{50, 10}), kWheelNotch);
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 510);
+    turnWheel(screenPointOf(fader, POINT{50, 10}), -2 * kWheelNotch);
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 490);
+}
+
+}  // namespace
