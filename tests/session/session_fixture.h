@@ -1,0 +1,40 @@
+// A loaded plug-in and one open effect session, shared by the session tests.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+#include "host/host_session.h"
+
+class SessionTest : public ::testing::Test {
+protected:
+    static PluginLibrary& library() {
+        static PluginLibrary loaded;
+        return loaded;
+    }
+    void SetUp() override {
+        session = EffectSession::open(library());
+        ASSERT_TRUE(session);
+    }
+
+    // The calls the plug-in made into the host with this opcode, in order.
+    std::vector<HostCall> callsWith(int32_t opcode) const {
+        std::vector<HostCall> matching;
+        for (const HostCall& call : session->hostCalls())
+            if (call.opcode == opcode) matching.push_back(call);
+        return matching;
+    }
+    // The audioMasterAutomate, BeginEdit and EndEdit calls, in order.
+    std::vector<HostCall> gestureCalls() const {
+        std::vector<HostCall> matching;
+        for (const HostCall& call : session->hostCalls())
+            if (call.opcode == audioMasterAutomate || call.opcode == audioMasterBeginEdit ||
+                call.opcode == audioMasterEndEdit)
+                matching.push_back(call);
+        return matching;
+    }
+
+    std::unique_ptr<EffectSession> session;
+};
