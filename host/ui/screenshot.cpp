@@ -11,12 +11,12 @@ namespace kobal_layer {
 namespace {
 
 void drawOwnPixels(HWND window, Canvas& canvas) {
+    canvas.fillRect(0, 0, canvas.width(), canvas.height(), facePixel());
     const ControlClass* standard = controlClassOf(window);
     if (standard && standard->drawFace) {
         standard->drawFace(window, canvas, 0, 0);
         return;
     }
-    canvas.fillRect(0, 0, canvas.width(), canvas.height(), facePixel());
     if (Canvas* painted = paintedSurface(window))
         canvas.copyFrom(*painted, 0, 0, painted->width(), painted->height(), 0, 0);
 }

@@ -1,0 +1,141 @@
+// Pictures of dialogs: standard control faces, self-painted windows, PNG output.
+#include <cairo.h>
+
+#include <filesystem>
+
+#include "host/raster/canvas.h"
+#include "host/ui/dialog_items.h"
+#include "host/ui/dialogs.h"
+#include "host/ui/fader.h"
+#include "host/ui/messages.h"
+#include "host/ui/painting.h"
+#include "host/ui/screenshot.h"
+#include "host/ui/tab_control.h"
+#include "host/ui/window_functions.h"
+#include "host/ui/window_tree.h"
+#include "tests/ui/ui_test_support.h"
+
+using namespace kobal_layer;
+
+namespace {
+
+constexpr uint32_t kFace = 0xFFF0F0F0u;
+constexpr uint32_t kWhite = 0xFFFFFFFFu;
+constexpr uint32_t kGreen = 0xFF00C000u;
+
+enum ControlId { kPush = 1, kOn, kOff, kTabs, kFader, kGraph, kEdit };
+
+const ControlRecord kControls[] = {
+    {kMarkerButton, 0, 0, "Add band", kPush, 10, 10, 80, 24, 0},
+    {"Show grid", kOn, 0, "Button", 0x10003, 10, 44, 90, 16, 0},
+    {"Show tabs", kOff, 0, "Button", 0x10003, 110, 44, 90, 16, 0},
+    {"Bands", kTabs, 0, "SysTabControl32", 0x10000, 10, 70, 200, 60, 0},
+    {"", kFader, 0, "HARVINhfader", 0x10000, 10, 140, 210, 24, 0},
+    {kMarkerEdit, 0, 0, "-6.0", kEdit, 230, 140, 50, 22, 0},
+};
+
+void createControls(HWND window, int32_t) {
+    KOBAL_MakeSetCurParms(1.0f, 1.0f, 0, 0, window, false, true);
+    KOBAL_GenerateDialogFromList(kControls, sizeof(kControls) / sizeof(kControls[0]));
+}
+
+DialogResource pictureResource{400, "", 13, 0, createControls, 300, 180, nullptr};
+
+LRESULT paintGreen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_PAINT) return DefWindowProc(window, message, wParam, lParam);
+    PAINTSTRUCT paint;
+    HDC dc = BeginPaint(window, &paint);
+    canvasOf(dc)->fillRect(0, 0, paint.rcPaint.right, paint.rcPaint.bottom, kGreen);
+    EndPaint(window, &paint);
+    return 0;
+}
+
+class Screenshots : public UiLayerTest {
+protected:
+    void SetUp() override {
+        UiLayerTest::SetUp();
+        dialog = KOBAL_CreateDialog(&pictureResource, 400, hostWindow(), recordingDialogProcedure, 0);
+        ShowWindow(dialog, SW_SHOW);
+        CheckDlgButton(dialog, kOn, BST_CHECKED);
+        char one[] = "1", two[] = "2";
+        TCITEM tab{TCIF_TEXT, 0, 0, one, 0, 0, 0};
+        TabCtrl_InsertItem(GetDlgItem(dialog, kTabs), 0, &tab);
+        tab.pszText = two;
+        TabCtrl_InsertItem(GetDlgItem(dialog, kTabs), 1, &tab);
+        TabCtrl_SetCurSel(GetDlgItem(dialog, kTabs), 1);
+        HWND fader = GetDlgItem(dialog, kFader);
+        SendMessage(fader, FADER_SETTEXT, 1, reinterpret_cast<LPARAM>("Gain"));
+        SendMessage(fader, TBM_SETPOS, 0, 500);
+        graph = KOBAL_CreateDialog(nullptr, 0, dialog, paintGreen, 0);
+        SetWindowPos(graph, nullptr, 220, 10, 60, 40, SWP_NOZORDER);
+        ShowWindow(graph, SW_SHOW);
+    }
+    // True when some pixel of the rectangle is darker than mid grey.
+    static bool hasDarkPixel(const Canvas& canvas, RECT rect) {
+        for (int y = rect.top; y < rect.bottom; ++y)
+            for (int x = rect.left; x < rect.right; ++x)
+                if ((canvas.pixel(x, y) & 0xFF) < 0x80) return true;
+        return false;
+    }
+    HWND dialog = nullptr;
+    HWND graph = nullptr;
+};
+
+TEST_F(Screenshots, DialogShowsItsFaceAndTheSelfPaintedWindowsPixels) {
+    auto picture = renderWindow(dialog);
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->width(), 300);
+    EXPECT_EQ(picture->height(), 180);
+    EXPECT_EQ(picture->pixel(295, 5), kFace);
+    EXPECT_EQ(picture->pixel(220, 10), kGreen);
+    EXPECT_EQ(picture->pixel(279, 49), kGreen);
+    EXPECT_EQ(picture->pixel(280, 50), kFace);
+}
+
+TEST_F(Screenshots, CheckBoxesShowTheirStateAndButtonsTheirText) {
+    auto picture = renderWindow(dialog);
+    // The check box square sits at the left of the control, vertically centred.
+    RECT checkedInside{13, 48, 21, 56};
+    RECT uncheckedInside{113, 48, 121, 56};
+    EXPECT_TRUE(hasDarkPixel(*picture, checkedInside));
+    EXPECT_FALSE(hasDarkPixel(*picture, uncheckedInside));
+    EXPECT_TRUE(hasDarkPixel(*picture, RECT{30, 15, 70, 30}));  // "Add band"
+    EXPECT_TRUE(hasDarkPixel(*picture, RECT{130, 44, 200, 60}));  // "Show tabs"
+}
+
+TEST_F(Screenshots, CurrentTabIsHighlighted) {
+    auto picture = renderWindow(dialog);
+    RECT first = tabHeaderRect(GetDlgItem(dialog, kTabs), 0);
+    RECT second = tabHeaderRect(GetDlgItem(dialog, kTabs), 1);
+    EXPECT_EQ(picture->pixel(10 + first.left + 2, 70 + 2), kFace);
+    EXPECT_EQ(picture->pixel(10 + second.left + 2, 70 + 2), kWhite);
+}
+
+TEST_F(Screenshots, FaderKnobFollowsThePosition) {
+    HWND fader = GetDlgItem(dialog, kFader);
+    POINT knob = faderPointOfPosition(fader, 500);
+    EXPECT_EQ(knob.x, 105);  // 5 + 500/1000 × 200
+    auto picture = renderWindow(dialog);
+    EXPECT_EQ(picture->pixel(10 + knob.x, 140 + knob.y), kWhite);  // knob face
+    EXPECT_NE(picture->pixel(10 + knob.x + 40, 140 + knob.y), kWhite);
+}
+
+TEST_F(Screenshots, PngIsWrittenAndDecodesToTheWindowSize) {
+    std::string path = screenshotPath("ui_layer_dialog.png");
+    std::filesystem::remove(path);
+    ASSERT_TRUE(saveScreenshot(dialog, path));
+    cairo_surface_t* decoded = cairo_image_surface_create_from_png(path.c_str());
+    ASSERT_EQ(cairo_surface_status(decoded), CAIRO_STATUS_SUCCESS);
+    EXPECT_EQ(cairo_image_surface_get_width(decoded), 300);
+    EXPECT_EQ(cairo_image_surface_get_height(decoded), 180);
+    cairo_surface_destroy(decoded);
+    EXPECT_FALSE(saveScreenshot(nullptr, path));
+}
+
+TEST_F(Screenshots, HiddenChildrenAreLeftOut) {
+    ShowWindow(graph, SW_HIDE);
+    auto picture = renderWindow(dialog);
+    EXPECT_EQ(picture->pixel(240, 30), kFace);
+}
+
+}  // namespace
