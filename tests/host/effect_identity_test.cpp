@@ -9,14 +9,7 @@
 
 namespace {
 
-class FreshInstance : public testing::Test {
-protected:
-    void SetUp() override {
-        session_ = openTestSession();
-        ASSERT_NE(session_, nullptr);
-    }
-    std::unique_ptr<EffectSession> session_;
-};
+class FreshInstance : public SessionTest {};
 
 TEST_F(FreshInstance, IdentifiesItselfInItsEffectRecord) {
     const AEffect& effect = *session_->effect();

@@ -36,13 +36,8 @@ double rms(const std::vector<double>& samples, size_t from) {
     return std::sqrt(sum / static_cast<double>(samples.size() - from));
 }
 
-class Processing : public testing::Test {
+class Processing : public SessionTest {
 protected:
-    void SetUp() override {
-        session_ = openTestSession();
-        ASSERT_NE(session_, nullptr);
-    }
-
     // Processes in host-sized blocks, as a host would.
     StereoBuffer processInBlocks(const StereoBuffer& input, size_t blockSize = 512) {
         StereoBuffer output(input.frames());
@@ -55,8 +50,6 @@ protected:
         }
         return output;
     }
-
-    std::unique_ptr<EffectSession> session_;
 };
 
 TEST_F(Processing, DefaultBandsPassTheSignalBitForBit) {

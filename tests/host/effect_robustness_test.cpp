@@ -16,14 +16,7 @@ bool sweptWithNullPointer(int32_t opcode) {
     return opcode != effClose && opcode != effEditOpen && opcode != effGetChunk;
 }
 
-class CarelessHost : public testing::Test {
-protected:
-    void SetUp() override {
-        session_ = openTestSession();
-        ASSERT_NE(session_, nullptr);
-    }
-    std::unique_ptr<EffectSession> session_;
-};
+class CarelessHost : public SessionTest {};
 
 TEST_F(CarelessHost, OpcodesBeyondTheTableAnswerZero) {
     char text[256] = "";

@@ -11,14 +11,9 @@
 
 namespace {
 
-// The raster functions an effect instance cannot do without.
-constexpr const char* kRequiredRasterNames[] = {
-    "MURA_BorderedRect", "MURA_FillRect", "MURA_DrawRect",    "MURA_CreateFont",
-    "MURA_FillTriangle", "MURA_LineInt",  "MURA_Line",        "MURA_CreateBitmap",
-    "MURA_Circle",       "MURA_FillCircle", "MURA_Clear",     "MURA_Blit",
-    "MURA_RotatedBlit",  "MURA_DrawGlyph", "MURA_Arc",        "MURA_FillTrapezoid",
-    "MURA_PutPixel",     "MURA_FillConvexPolygon", "MURA_Copy", "MURA_ScaledBlit",
-};
+bool isOptionalRasterFunction(const std::string& name) {
+    return name == "MURA_MeasureText" || name == "MURA_DrawText";
+}
 
 TEST(ExtensionTable, AnswersEachOwnFunctionByItsName) {
     EXPECT_EQ(findHostExtension("DB2SLIDER"), reinterpret_cast<void*>(&faderPositionOfDb));
@@ -30,8 +25,10 @@ TEST(ExtensionTable, AnswersEachOwnFunctionByItsName) {
 }
 
 TEST(ExtensionTable, AnswersEveryRequiredRasterFunction) {
-    for (const char* name : kRequiredRasterNames)
-        EXPECT_NE(findHostExtension(name), nullptr) << name;
+    for (const char* name : kMuraFunctionNames)
+        if (!isOptionalRasterFunction(name)) {
+            EXPECT_NE(findHostExtension(name), nullptr) << name;
+        }
 }
 
 TEST(ExtensionTable, AnswersNullForUnknownNames) {
@@ -43,7 +40,7 @@ TEST(ExtensionTable, AnswersNullForUnknownNames) {
 
 TEST(ExtensionTable, ListsOnlyNamesItAnswers) {
     std::vector<std::string> names = hostExtensionNames();
-    EXPECT_GE(names.size(), 6u + std::size(kRequiredRasterNames));
+    EXPECT_GE(names.size(), 6u + std::size(kMuraFunctionNames) - 2);
     for (const std::string& name : names) EXPECT_NE(findHostExtension(name.c_str()), nullptr);
 }
 

@@ -19,20 +19,17 @@ int32_t bandAddress(int parameter, int ordinal, int kind, bool normalized) {
 constexpr int kKindHighPass = 0;
 constexpr int kKindPeaking = 2;
 
-class HostNotices : public testing::Test {
+class HostNotices : public SessionTest {
 protected:
     void SetUp() override {
-        session_ = openTestSession();
-        ASSERT_NE(session_, nullptr);
-        session_->clearHostCalls();
+        SessionTest::SetUp();
+        if (session_) session_->clearHostCalls();
     }
 
     intptr_t setBandValue(int32_t address, float value) {
         return session_->vendorSpecific(kSetBandValue, reinterpret_cast<intptr_t>(&address),
                                         nullptr, value);
     }
-
-    std::unique_ptr<EffectSession> session_;
 };
 
 TEST_F(HostNotices, BandValueRequestIsReportedAsAutomation) {

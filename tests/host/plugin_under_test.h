@@ -2,6 +2,8 @@
 // instances opened with the stand-in host's callback.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <vector>
 
@@ -13,6 +15,16 @@ PluginLibrary& pluginUnderTest();
 // An instance with every extension offered (or as `options` say); null when
 // the plug-in refuses.
 std::unique_ptr<EffectSession> openTestSession(const SessionOptions& options = {});
+
+// A test with one freshly opened instance.
+class SessionTest : public testing::Test {
+protected:
+    void SetUp() override {
+        session_ = openTestSession();
+        ASSERT_NE(session_, nullptr);
+    }
+    std::unique_ptr<EffectSession> session_;
+};
 
 // The recorded calls with the given opcode, in order.
 std::vector<HostCall> callsWithOpcode(const std::vector<HostCall>& calls, int32_t opcode);

@@ -8,19 +8,31 @@
 
 namespace {
 
-// Little-endian packed writer for expected chunks.
+constexpr int32_t kLowShelf = 0, kHighShelf = 1, kPeaking = 8;
+
+struct BandRecord {
+    int32_t type;
+    double frequency;
+    double gain;
+    double bandwidth;
+};
+
+// A chunk in the current layout (33-byte band records, enabled, log-scale
+// automation on), packed little-endian, with the default trailer or none.
 class ChunkBytes {
 public:
-    ChunkBytes& i32(int32_t value) { return raw(&value, 4); }
-    ChunkBytes& f64(double value) { return raw(&value, 8); }
-    ChunkBytes& u8(uint8_t value) { return raw(&value, 1); }
-    ChunkBytes& band(int32_t type, double frequency, double gain, double bandwidth) {
-        return i32(type).i32(1).f64(frequency).f64(gain).f64(bandwidth).u8(1);
+    ChunkBytes(std::initializer_list<BandRecord> bands, bool withTrailer = true) {
+        i32(33).i32(static_cast<int32_t>(bands.size()));
+        for (const BandRecord& band : bands)
+            i32(band.type).i32(1).f64(band.frequency).f64(band.gain).f64(band.bandwidth).u8(1);
+        if (withTrailer) i32(1).i32(1).f64(1.0).i32(0).i32(0).i32(0);
     }
-    ChunkBytes& defaultTrailer() { return i32(1).i32(1).f64(1.0).i32(0).i32(0).i32(0); }
     const std::vector<uint8_t>& bytes() const { return bytes_; }
 
 private:
+    ChunkBytes& i32(int32_t value) { return raw(&value, 4); }
+    ChunkBytes& f64(double value) { return raw(&value, 8); }
+    ChunkBytes& u8(uint8_t value) { return raw(&value, 1); }
     ChunkBytes& raw(const void* data, size_t size) {
         const uint8_t* begin = static_cast<const uint8_t*>(data);
         bytes_.insert(bytes_.end(), begin, begin + size);
@@ -29,17 +41,11 @@ private:
     std::vector<uint8_t> bytes_;
 };
 
-constexpr int32_t kLowShelf = 0, kHighShelf = 1, kPeaking = 8;
-
 std::vector<uint8_t> defaultChunk() {
-    return ChunkBytes()
-        .i32(33)
-        .i32(4)
-        .band(kLowShelf, 100.0, 1.0, 2.0)
-        .band(kPeaking, 300.0, 1.0, 2.0)
-        .band(kPeaking, 1000.0, 1.0, 2.0)
-        .band(kHighShelf, 5000.0, 1.0, 2.0)
-        .defaultTrailer()
+    return ChunkBytes({{kLowShelf, 100.0, 1.0, 2.0},
+                       {kPeaking, 300.0, 1.0, 2.0},
+                       {kPeaking, 1000.0, 1.0, 2.0},
+                       {kHighShelf, 5000.0, 1.0, 2.0}})
         .bytes();
 }
 
@@ -54,15 +60,11 @@ TEST(StateChunk, FreshInstanceSavesTheDefaultBandsByteForByte) {
 TEST(StateChunk, LoadedBandsBecomeTheParameterList) {
     auto session = openTestSession();
     ASSERT_NE(session, nullptr);
-    std::vector<uint8_t> fiveBands = ChunkBytes()
-                                         .i32(33)
-                                         .i32(5)
-                                         .band(kLowShelf, 80.0, 2.0, 1.0)
-                                         .band(kPeaking, 250.0, 0.5, 1.5)
-                                         .band(kPeaking, 1000.0, 1.0, 2.0)
-                                         .band(kPeaking, 3000.0, 1.0, 2.0)
-                                         .band(kPeaking, 8000.0, 4.0, 0.5)
-                                         .defaultTrailer()
+    std::vector<uint8_t> fiveBands = ChunkBytes({{kLowShelf, 80.0, 2.0, 1.0},
+                                                 {kPeaking, 250.0, 0.5, 1.5},
+                                                 {kPeaking, 1000.0, 1.0, 2.0},
+                                                 {kPeaking, 3000.0, 1.0, 2.0},
+                                                 {kPeaking, 8000.0, 4.0, 0.5}})
                                          .bytes();
     session->setChunk(fiveBands);
     EXPECT_EQ(session->parameterCount(), 15);
@@ -91,11 +93,11 @@ TEST(StateChunk, TravelsBetweenInstances) {
 TEST(StateChunk, ChunkWithoutTrailerLoadsItsBandsAndKeepsTheSettings) {
     auto session = openTestSession();
     ASSERT_NE(session, nullptr);
-    session->setChunk(ChunkBytes().i32(33).i32(1).band(kPeaking, 440.0, 1.0, 1.0).bytes());
+    BandRecord band{kPeaking, 440.0, 1.0, 1.0};
+    session->setChunk(ChunkBytes({band}, false).bytes());
     EXPECT_EQ(session->parameterCount(), 3);
     EXPECT_EQ(session->parameterDisplay(0), "440.0");
-    EXPECT_EQ(session->chunk(),
-              ChunkBytes().i32(33).i32(1).band(kPeaking, 440.0, 1.0, 1.0).defaultTrailer().bytes());
+    EXPECT_EQ(session->chunk(), ChunkBytes({band}).bytes());
 }
 
 }  // namespace
