@@ -7,12 +7,26 @@
 
 namespace {
 
-// Paints the source set on `paint` over the rectangle at the paint's opacity
-// (replace mode: the rectangle takes the source).
+// Paints the source set on `paint` over the clip area at the paint's
+// opacity. In replace mode the area takes the source's pixels; an opaque
+// bitmap cannot hold transparency, so there they land on black.
+void paintSource(const MuraPaint& paint) {
+    cairo_t* cr = paint.cr();
+    if (paint.bitmap()->isOpaque() && cairo_get_operator(cr) == CAIRO_OPERATOR_SOURCE) {
+        cairo_pattern_t* source = cairo_pattern_reference(cairo_get_source(cr));
+        cairo_set_source_rgb(cr, 0, 0, 0);
+        cairo_paint(cr);
+        cairo_set_source(cr, source);
+        cairo_pattern_destroy(source);
+        cairo_set_operator(cr, CAIRO_OPERATOR_OVER);
+    }
+    cairo_paint_with_alpha(cr, paint.opacity());
+}
+
 void paintRectangle(const MuraPaint& paint, double x, double y, double width, double height) {
     cairo_rectangle(paint.cr(), x, y, width, height);
     cairo_clip(paint.cr());
-    cairo_paint_with_alpha(paint.cr(), paint.opacity());
+    paintSource(paint);
 }
 
 }  // namespace
@@ -57,7 +71,7 @@ void MURA_ScaledBlit(MuraBitmap* destination, MuraBitmap* source, int x, int y, 
     cairo_set_source_surface(cr, from->canvas().surface(), 0, 0);
     cairo_pattern_set_filter(cairo_get_source(cr), CAIRO_FILTER_BILINEAR);
     cairo_pattern_set_extend(cairo_get_source(cr), CAIRO_EXTEND_PAD);
-    cairo_paint_with_alpha(cr, paint.opacity());
+    paintSource(paint);
 }
 
 void MURA_Copy(MuraBitmap* destination, MuraBitmap* source) {

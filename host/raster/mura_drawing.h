@@ -44,6 +44,10 @@ void MURA_FillTrapezoid(MuraBitmap* bitmap, int x1, int x2, int y1, int x3, int 
 void MURA_FillConvexPolygon(MuraBitmap* bitmap, const int* xy, int pointCount, uint32_t color,
                             double alpha, int mode);
 
+// Blits take the source's own colours and alpha at the call's opacity; in
+// replace mode the covered pixels become the source's (on an opaque bitmap,
+// the source's pixels over black).
+
 // Draws `source` with its top-left pixel at (x, y).
 void MURA_Blit(MuraBitmap* destination, MuraBitmap* source, int x, int y, double alpha,
                int mode);

@@ -54,6 +54,25 @@ TEST(MuraBlit, TransparentSourcePixelsLeaveTheTargetInBlendMode) {
     EXPECT_EQ(pixelAt(target.get(), 1, 0), kBlue);
 }
 
+TEST(MuraBlit, ReplaceModeTakesTheSourcesPixelsAndOpaqueTargetsStayOpaque) {
+    BitmapPtr source = makeBitmap(2, 1, kAlphaBitmap);
+    MURA_PutPixel(source.get(), 0, 0, kRed, 1.0, kBlend);  // pixel 1 stays transparent
+
+    BitmapPtr opaque = makeBitmap(3, 1);
+    MURA_Clear(opaque.get(), kWhite);
+    MURA_Blit(opaque.get(), source.get(), 0, 0, 0.5, kReplace);
+    EXPECT_EQ(pixelAt(opaque.get(), 0, 0), kRed);
+    EXPECT_EQ(pixelAt(opaque.get(), 1, 0), kBlack);
+    EXPECT_EQ(pixelAt(opaque.get(), 2, 0), kWhite);
+
+    BitmapPtr withAlpha = makeBitmap(3, 1, kAlphaBitmap);
+    MURA_Clear(withAlpha.get(), kWhite);
+    MURA_Blit(withAlpha.get(), source.get(), 0, 0, 1.0, kReplace);
+    EXPECT_EQ(pixelAt(withAlpha.get(), 0, 0), kRed);
+    EXPECT_EQ(pixelAt(withAlpha.get(), 1, 0), 0x00000000u);
+    EXPECT_EQ(pixelAt(withAlpha.get(), 2, 0), kWhite);
+}
+
 TEST(MuraScaledBlit, StretchesEachSourcePixelOverItsShareOfTheTarget) {
     BitmapPtr source = fourColours();
     BitmapPtr target = makeBitmap(10, 10);
