@@ -146,6 +146,19 @@ TEST(MuraBitmapResize, KeepsThePixelsThatFitAndBlackensNewOnes) {
     EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kWhite), 0);
 }
 
+TEST(MuraBitmapResize, ImpossibleSizesLeaveAnEmptyBitmapThatStillTakesCalls) {
+    BitmapPtr bitmap = makeBitmap(3, 3);
+    bitmap->resize(-2, 5);
+    EXPECT_EQ(bitmap->width(), 0);
+    bitmap->resize(40000, 5);  // larger than any image the library makes
+    EXPECT_EQ(bitmap->width(), 0);
+    MURA_FillRect(bitmap.get(), 0, 0, 10, 10, kRed, 1.0, kBlend);
+    MURA_LineInt(bitmap.get(), 0, 0, 10, 10, kRed, 1.0, kBlend, 0);
+    bitmap->resize(2, 2);
+    ASSERT_EQ(bitmap->width(), 2);
+    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 0);
+}
+
 TEST(MuraBitmapPixels, DirectWritesShowAfterMarkDirty) {
     BitmapPtr bitmap = makeBitmap(4, 4);
     bitmap->pixels()[1 * bitmap->rowSpan() + 2] = kGreen;
