@@ -186,6 +186,13 @@ TEST(ProgramProcess, BadInputFilesFailWithAMessage) {
     EXPECT_TRUE(contains(otherFormat.err, "not a WAV")) << otherFormat.err;
 }
 
+TEST(ProgramProcess, RefusesToWriteOverItsInput) {
+    std::string input = writeToneWav("self.wav", 1, SF_FORMAT_PCM_16, 100);
+    ProgramResult result = runHostProgram({"process", input, input});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(readWav(input).info.frames, 100);
+}
+
 TEST(ProgramSettings, MalformedOrUnknownSettingsAreUsageErrors) {
     for (const char* setting : {"7", "=0.5", "7=", "x=0.5", "7=abc", "7=1.5", "-1=0.5", "12=0.5"}) {
         ProgramResult result = runHostProgram({"info", "--set", setting});
