@@ -1,0 +1,60 @@
+// Lane operations on 256-bit registers (AVX2): two bands per register, each
+// as a left/right lane pair. Include only where the functions are compiled
+// for AVX2.
+#pragma once
+
+#include <immintrin.h>
+
+#include <cstdint>
+
+struct Avx2Lanes {
+    using Vector = __m256d;
+    using Mask = __m256d;
+    static constexpr int32_t kWidth = 4;
+    static constexpr int32_t kBands = 2;
+
+    static Vector load(const double* source) { return _mm256_load_pd(source); }
+    static void store(double* target, Vector value) { _mm256_store_pd(target, value); }
+    static Vector add(Vector a, Vector b) { return _mm256_add_pd(a, b); }
+    static Vector subtract(Vector a, Vector b) { return _mm256_sub_pd(a, b); }
+    static Vector multiply(Vector a, Vector b) { return _mm256_mul_pd(a, b); }
+
+    // Lanes that flushTiny keeps: exponent field + 1, mod 2048, at least 970.
+    static __m256i kept(Vector y) {
+        const __m256i exponentOne = _mm256_set1_epi64x(int64_t{1} << 52);
+        const __m256i exponentField = _mm256_set1_epi64x(int64_t{0x7FF} << 52);
+        const __m256i lastFlushed = _mm256_set1_epi64x(int64_t{969} << 52);
+        __m256i field =
+            _mm256_and_si256(_mm256_add_epi64(_mm256_castpd_si256(y), exponentOne), exponentField);
+        return _mm256_cmpgt_epi64(field, lastFlushed);
+    }
+    static Vector flushTiny(Vector y) {
+        return _mm256_and_pd(y, _mm256_castsi256_pd(kept(y)));
+    }
+
+    // The bits flushTiny would clear: nonzero only where flushing changes y.
+    using Stray = __m256i;
+    static Stray strayBits(Vector y) { return _mm256_andnot_si256(kept(y), _mm256_castpd_si256(y)); }
+    static Stray either(Stray a, Stray b) { return _mm256_or_si256(a, b); }
+    static bool any(Stray bits) { return !_mm256_testz_si256(bits, bits); }
+
+    static Mask activeAt(Vector firstStep, Vector endStep, double step) {
+        Vector now = _mm256_set1_pd(step);
+        return _mm256_and_pd(_mm256_cmp_pd(firstStep, now, _CMP_LE_OQ),
+                             _mm256_cmp_pd(now, endStep, _CMP_LT_OQ));
+    }
+    static Vector select(Mask mask, Vector chosen, Vector otherwise) {
+        return _mm256_blendv_pd(otherwise, chosen, mask);
+    }
+
+    // [top band of below, bottom band of current]
+    static Vector carryIn(Vector below, Vector current) {
+        return _mm256_permute2f128_pd(below, current, 0x21);
+    }
+    static Vector carryInPair(__m128d pair, Vector current) {
+        return _mm256_permute2f128_pd(_mm256_castpd128_pd256(pair), current, 0x20);
+    }
+    static __m128d bandPair(Vector value, int32_t band) {
+        return band == 0 ? _mm256_castpd256_pd128(value) : _mm256_extractf128_pd(value, 1);
+    }
+};

@@ -1,0 +1,45 @@
+// Random material for the fast-kernel tests: band records of every type (and
+// some wild coefficient sets), stereo signals laced with the values the flush
+// rule exists for, and bit-for-bit comparisons of samples and band records.
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <random>
+#include <vector>
+
+#include "engine/band_cascade.h"
+#include "engine/eq_band.h"
+
+using Random = std::mt19937_64;
+
+// Test names and messages show the set by name.
+void PrintTo(InstructionSet set, std::ostream* out);
+
+// The sets this processor runs, SSE2 first.
+std::vector<InstructionSet> runnableInstructionSets();
+
+// A band designed from a random type (codes 0..9 and some unknown ones),
+// frequency, gain and bandwidth, with a random filter history.
+EqBand randomBand(Random& random);
+// A band whose coefficients are arbitrary, unstable ones included, so that its
+// output overflows and the non-finite branch of the flush is taken.
+EqBand wildBand(Random& random);
+// Mostly randomBand, now and then wildBand.
+std::vector<EqBand> randomBands(Random& random, int32_t count);
+
+// Noise with NaNs, infinities, denormals, values just around 2^-54, signed
+// zeros, huge values, and stretches of silence in which histories decay.
+std::vector<double> laced(Random& random, int32_t frames);
+
+struct StereoSignal {
+    std::vector<double> left, right;
+    StereoSignal(Random& random, int32_t frames)
+        : left(laced(random, frames)), right(laced(random, frames)) {}
+};
+
+void expectSameBits(const std::vector<double>& actual, const std::vector<double>& expected,
+                    const char* what);
+// Coefficients, both histories and the glide state, bit for bit.
+void expectSameBand(const EqBand& actual, const EqBand& expected, int32_t index);
+void expectSameBands(const std::vector<EqBand>& actual, const std::vector<EqBand>& expected);
