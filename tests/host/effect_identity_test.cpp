@@ -9,7 +9,7 @@
 
 namespace {
 
-class FreshInstance : public SessionTest {};
+class FreshInstance : public SingleInstanceTest {};
 
 TEST_F(FreshInstance, IdentifiesItselfInItsEffectRecord) {
     const AEffect& effect = *session_->effect();

@@ -36,7 +36,7 @@ double rms(const std::vector<double>& samples, size_t from) {
     return std::sqrt(sum / static_cast<double>(samples.size() - from));
 }
 
-class Processing : public SessionTest {
+class Processing : public SingleInstanceTest {
 protected:
     // Processes in host-sized blocks, as a host would.
     StereoBuffer processInBlocks(const StereoBuffer& input, size_t blockSize = 512) {

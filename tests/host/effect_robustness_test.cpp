@@ -16,7 +16,7 @@ bool sweptWithNullPointer(int32_t opcode) {
     return opcode != effClose && opcode != effEditOpen && opcode != effGetChunk;
 }
 
-class CarelessHost : public SessionTest {};
+class CarelessHost : public SingleInstanceTest {};
 
 TEST_F(CarelessHost, OpcodesBeyondTheTableAnswerZero) {
     char text[256] = "";

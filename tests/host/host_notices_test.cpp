@@ -19,10 +19,10 @@ int32_t bandAddress(int parameter, int ordinal, int kind, bool normalized) {
 constexpr int kKindHighPass = 0;
 constexpr int kKindPeaking = 2;
 
-class HostNotices : public SessionTest {
+class HostNotices : public SingleInstanceTest {
 protected:
     void SetUp() override {
-        SessionTest::SetUp();
+        SingleInstanceTest::SetUp();
         if (session_) session_->clearHostCalls();
     }
 

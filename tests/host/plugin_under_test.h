@@ -17,7 +17,7 @@ PluginLibrary& pluginUnderTest();
 std::unique_ptr<EffectSession> openTestSession(const SessionOptions& options = {});
 
 // A test with one freshly opened instance.
-class SessionTest : public testing::Test {
+class SingleInstanceTest : public testing::Test {
 protected:
     void SetUp() override {
         session_ = openTestSession();
