@@ -2,7 +2,6 @@
 // the parameters of the default band set.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstring>
 
 #include "plugin_under_test.h"
@@ -72,16 +71,6 @@ TEST_F(FreshInstance, DisplaysDefaultBandValues) {
         EXPECT_EQ(session_->parameterDisplay(index), displays[index]) << index;
 }
 
-TEST_F(FreshInstance, ReportsNormalizedDefaultsOnTheLogFrequencyScale) {
-    const double frequencies[4] = {100.0, 300.0, 1000.0, 5000.0};
-    for (int band = 0; band < 4; ++band) {
-        double logPosition = std::log(1.0 + 400.0 * (frequencies[band] - 20.0) / 23980.0) /
-                             std::log(401.0);
-        EXPECT_NEAR(session_->parameter(3 * band), logPosition, 1e-6) << band;
-        EXPECT_FLOAT_EQ(session_->parameter(3 * band + 1), 0.25f) << band;  // 0 dB
-        EXPECT_FLOAT_EQ(session_->parameter(3 * band + 2), 0.5f) << band;   // 2 octaves
-    }
-}
 
 TEST_F(FreshInstance, CanAutomateExactlyItsParameters) {
     EXPECT_EQ(session_->dispatch(effCanBeAutomated, 0), 1);
@@ -90,25 +79,6 @@ TEST_F(FreshInstance, CanAutomateExactlyItsParameters) {
     EXPECT_EQ(session_->dispatch(effCanBeAutomated, -1), 0);
 }
 
-TEST_F(FreshInstance, SetParameterReadsBackThroughTheMappings) {
-    session_->setParameter(7, 0.5f);  // gain 2.0 = +6.0 dB
-    EXPECT_FLOAT_EQ(session_->parameter(7), 0.5f);
-    EXPECT_EQ(session_->parameterDisplay(7), "6.0");
-    session_->setParameter(8, 2.0f);  // bandwidth limited to 4 octaves
-    EXPECT_FLOAT_EQ(session_->parameter(8), 1.0f);
-    EXPECT_EQ(session_->parameterDisplay(8), "4.00");
-    session_->setParameter(6, 1.0f);  // the top of the log scale
-    EXPECT_EQ(session_->parameterDisplay(6), "24000.0");
-    session_->setParameter(1, 0.0f);
-    EXPECT_EQ(session_->parameterDisplay(1), "-inf");
-}
 
-TEST_F(FreshInstance, AsksTheHostNothingWhileIdle) {
-    session_->clearHostCalls();
-    session_->parameterName(0);
-    session_->parameter(0);
-    session_->setParameter(0, 0.3f);  // the host's own change is not echoed back
-    EXPECT_TRUE(session_->hostCalls().empty());
-}
 
 }  // namespace

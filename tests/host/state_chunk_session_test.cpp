@@ -75,20 +75,6 @@ TEST(StateChunk, LoadedBandsBecomeTheParameterList) {
     EXPECT_EQ(session->chunk(), fiveBands);
 }
 
-TEST(StateChunk, TravelsBetweenInstances) {
-    auto source = openTestSession();
-    auto target = openTestSession();
-    ASSERT_NE(source, nullptr);
-    ASSERT_NE(target, nullptr);
-    source->setParameter(4, 0.75f);
-    source->setParameter(9, 0.2f);
-    target->setChunk(source->chunk());
-    EXPECT_EQ(target->chunk(), source->chunk());
-    for (int32_t index = 0; index < 12; ++index) {
-        EXPECT_FLOAT_EQ(target->parameter(index), source->parameter(index)) << index;
-        EXPECT_EQ(target->parameterDisplay(index), source->parameterDisplay(index)) << index;
-    }
-}
 
 TEST(StateChunk, ChunkWithoutTrailerLoadsItsBandsAndKeepsTheSettings) {
     auto session = openTestSession();
