@@ -37,6 +37,13 @@ bool isEdgeShelf(const EqInstance* instance, int32_t bandIndex, const EqBand& ba
     return bandIndex == instance->bandCount() - 1 && band.type == HighShelf;
 }
 
+// The band of parameter `index`; when there is none, the host's buffer gets "".
+const EqBand* bandForText(EqInstance* instance, int32_t index, char* text) {
+    const EqBand* band = inParameterRange(instance, index) ? bandOfParameter(instance, index) : nullptr;
+    if (!band) kobal::lstrcpyn(text, "", kParameterTextLimit);
+    return band;
+}
+
 }  // namespace
 
 void copyHostText(char* destination, const char* text, int limit) {
@@ -53,11 +60,8 @@ intptr_t writeParameterLabel(EqInstance* instance, int32_t index, char* text) {
 }
 
 intptr_t writeParameterDisplay(EqInstance* instance, int32_t index, char* text) {
-    const EqBand* band = inParameterRange(instance, index) ? bandOfParameter(instance, index) : nullptr;
-    if (!band) {
-        copyHostText(text, "", kParameterTextLimit);
-        return 0;
-    }
+    const EqBand* band = bandForText(instance, index, text);
+    if (!band) return 0;
     char scratch[512];
     formatValue(*band, index % kParametersPerBand, scratch, sizeof scratch);
     copyHostText(text, scratch, kParameterTextLimit);
@@ -65,11 +69,8 @@ intptr_t writeParameterDisplay(EqInstance* instance, int32_t index, char* text) 
 }
 
 intptr_t writeParameterName(EqInstance* instance, int32_t index, char* text) {
-    const EqBand* band = inParameterRange(instance, index) ? bandOfParameter(instance, index) : nullptr;
-    if (!band) {
-        copyHostText(text, "", kParameterTextLimit);
-        return 0;
-    }
+    const EqBand* band = bandForText(instance, index, text);
+    if (!band) return 0;
     int32_t bandIndex = index / kParametersPerBand;
     const char* field = kFieldNames[index % kParametersPerBand];
     const char* type = bandTypeName(band->type);
