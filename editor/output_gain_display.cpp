@@ -1,37 +1,65 @@
 #include "editor/output_gain_display.h"
 
-#include <cstdio>
+#include <cstdlib>
 
+#include "editor/gain_scale.h"
 #include "editor/ui_update_depth.h"
 #include "plugin/eq_instance.h"
-#include "plugin/host_imports.h"
-#include "plugin/parameters.h"
 #include "plugin/ui_layer.h"
 
 int uiUpdateDepth = 0;
 
-double displayDb(double gain) {
-    return gain < 2.9802322387695312e-08 ? -150.0 : ampToDb(gain);
+namespace {
+
+constexpr int kTextLimit = 512;
+
+void storeOutputGain(EqInstance* instance, double gain) {
+    MutexLock lock(instance->mutex);
+    instance->outputGain = gain;
 }
 
-void formatOutputGain(double gain, const char* dbFormat, char* text, size_t size) {
-    if (gain <= 1e-6) {
-        std::snprintf(text, size, "-inf");
-    } else {
-        std::snprintf(text, size, dbFormat, displayDb(gain));
-    }
+void moveFader(HWND fader, double gain) {
+    kobal::SendMessage(fader, TBM_SETPOS, 0, gainFaderPosition(gain));
 }
+
+void showFaderText(HWND fader, const char* text) {
+    kobal::SendMessage(fader, FADER_SETTEXT, 2, reinterpret_cast<LPARAM>(text));
+}
+
+// Writes the gain's text into the edit box and onto the fader.
+void showGainText(HWND editor, HWND fader, double gain, const char* dbFormat) {
+    char text[128];
+    formatGainText(gain, dbFormat, text, sizeof text);
+    kobal::SetDlgItemText(editor, kOutputGainEdit, text);
+    showFaderText(fader, text);
+}
+
+}  // namespace
 
 void showOutputGain(EqInstance* instance, const char* dbFormat) {
     HWND editor = instance->editorWindow.load();
     if (!editor) return;
-    double gain = instance->outputGain;
-    HWND fader = kobal::GetDlgItem(editor, kOutputGainFader);
-    auto position = static_cast<LPARAM>(hostExtensions.db2Slider(displayDb(gain)));
-    kobal::SendMessage(fader, TBM_SETPOS, 0, position);
-    char text[128];
-    formatOutputGain(gain, dbFormat, text, sizeof text);
     UiUpdateScope updating;
-    kobal::SetDlgItemText(editor, kOutputGainEdit, text);
-    kobal::SendMessage(fader, FADER_SETTEXT, 2, reinterpret_cast<LPARAM>(text));
+    HWND fader = kobal::GetDlgItem(editor, kOutputGainFader);
+    moveFader(fader, instance->outputGain);
+    showGainText(editor, fader, instance->outputGain, dbFormat);
+}
+
+void takeTypedOutputGain(EqInstance* instance, HWND editor) {
+    char text[kTextLimit] = "";
+    kobal::GetDlgItemText(editor, kOutputGainEdit, text, kTextLimit);
+    const double gain = gainOfDb(std::strtod(text, nullptr));
+    storeOutputGain(instance, gain);
+    HWND fader = kobal::GetDlgItem(editor, kOutputGainFader);
+    moveFader(fader, gain);
+    showFaderText(fader, text);
+}
+
+void takeFaderOutputGain(EqInstance* instance, HWND editor) {
+    HWND fader = kobal::GetDlgItem(editor, kOutputGainFader);
+    const auto position = static_cast<int>(kobal::SendMessage(fader, TBM_GETPOS, 0, 0));
+    const double gain = gainOfFaderPosition(position);
+    storeOutputGain(instance, gain);
+    UiUpdateScope updating;
+    showGainText(editor, fader, gain, kGainTextFormat);
 }
