@@ -95,7 +95,7 @@ LRESULT handleMouse(HWND fader, FaderState& state, UINT message, WPARAM wParam, 
             int notches = highWord(wParam) / 120;
             int step = std::max(1, (state.maximum - state.minimum) / 100);
             moveByUser(fader, state, state.position + notches * step, SB_THUMBTRACK);
-            notifyScroll(fader, state, SB_ENDSCROLL);
+            if (liveWindow(fader)) notifyScroll(fader, state, SB_ENDSCROLL);
             return 0;
         }
     }

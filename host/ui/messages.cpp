@@ -20,7 +20,8 @@ struct PostedMessage {
     LPARAM lParam;
 };
 
-// PostMessage may come from any thread; delivery happens on the pump's.
+// Windows belong to the UI thread; the queue has its own lock so that the
+// pump can hand out messages while a procedure posts new ones.
 std::mutex queueLock;
 std::deque<PostedMessage>& queue() {
     static std::deque<PostedMessage> messages;
@@ -86,9 +87,10 @@ LRESULT SendMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     KobalWindow* window = liveWindow(handle);
     if (!window) return 0;
     if (!window->procedure) return DefWindowProc(handle, message, wParam, lParam);
+    bool isDialog = window->isDialog;  // the procedure may destroy the window
     LRESULT result = window->procedure(handle, message, wParam, lParam);
     // A dialog procedure answers 0 for what it leaves to the default handling.
-    if (window->isDialog && result == 0 && liveWindow(handle))
+    if (isDialog && result == 0 && liveWindow(handle))
         return DefWindowProc(handle, message, wParam, lParam);
     return result;
 }

@@ -43,7 +43,8 @@ BOOL ShowWindow(HWND handle, int command) {
     if (show != wasVisible) {
         window->visible = show;
         SendMessage(handle, WM_SHOWWINDOW, show ? 1 : 0, 0);
-        if (liveWindow(handle)) invalidateWithChildren(handle);
+        if (!liveWindow(handle)) return wasVisible ? 1 : 0;
+        invalidateWithChildren(handle);
         if (window->parent) window->parent->needsPaint = true;
     }
     return wasVisible ? 1 : 0;

@@ -24,6 +24,7 @@ std::vector<WindowForgetter>& forgetters() {
 void sendDestroyDownwards(KobalWindow* window) {
     window->beingDestroyed = true;
     if (window->procedure) window->procedure(window, WM_DESTROY, 0, 0);
+    if (!liveWindow(window)) return;  // its procedure destroyed an ancestor
     // The procedure may have destroyed children itself: walk a copy and recheck.
     std::vector<KobalWindow*> children = window->children;
     for (KobalWindow* child : children)
