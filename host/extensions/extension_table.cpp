@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "contracts/mura.h"
 #include "host/extensions/config_variables.h"
 #include "host/extensions/fader_curve.h"
 #include "host/extensions/real_fft.h"
@@ -37,12 +36,4 @@ void* findHostExtension(const char* name) {
     for (const NamedExtension& extension : kOwnExtensions)
         if (std::strcmp(extension.name, name) == 0) return extension.function;
     return findMuraFunction(name);
-}
-
-std::vector<std::string> hostExtensionNames() {
-    std::vector<std::string> names;
-    for (const NamedExtension& extension : kOwnExtensions) names.emplace_back(extension.name);
-    for (const char* name : kMuraFunctionNames)
-        if (findMuraFunction(name)) names.emplace_back(name);
-    return names;
 }

@@ -2,12 +2,6 @@
 // kHostExtensionOpcode, index kHostExtensionIndex, ptr the name).
 #pragma once
 
-#include <string>
-#include <vector>
-
 // The address of the extension function `name`, or null when the host has
 // none by that name. The raster functions come from the raster library.
 void* findHostExtension(const char* name);
-
-// Every name findHostExtension answers, raster functions included.
-std::vector<std::string> hostExtensionNames();
