@@ -15,15 +15,8 @@ protected:
     void SetUp() override {
         UiLayerTest::SetUp();
         HWND host = hostWindow();
-        left = child(host, RECT{10, 10, 110, 110});
-        right = child(host, RECT{200, 10, 300, 110});
-    }
-    HWND child(HWND parent, RECT rect) {
-        WindowCreation creation;
-        creation.parent = parent;
-        creation.rect = rect;
-        creation.procedure = recordingWindowProcedure;
-        return createWindow(creation);
+        left = createRecordingWindow(host, RECT{10, 10, 110, 110});
+        right = createRecordingWindow(host, RECT{200, 10, 300, 110});
     }
     static int xOf(LPARAM lParam) { return static_cast<int16_t>(lParam & 0xFFFF); }
     static int yOf(LPARAM lParam) { return static_cast<int16_t>((lParam >> 16) & 0xFFFF); }

@@ -121,10 +121,7 @@ TEST_F(Menus, QueuedChoicesComeFirstAndGrayedItemsCannotBeChosen) {
 
 TEST_F(Menus, WithoutReturnCmdTheChoiceIsPostedToTheOwner) {
     HMENU context = GetSubMenu(loadContext(), 0);
-    WindowCreation creation;
-    creation.parent = hostWindow();
-    creation.procedure = recordingWindowProcedure;
-    HWND owner = createWindow(creation);
+    HWND owner = createRecordingWindow(hostWindow(), RECT{0, 0, 10, 10});
     queueMenuChoice(40003);
     EXPECT_EQ(TrackPopupMenu(context, 0, 0, 0, 0, owner, nullptr), 1);
     EXPECT_TRUE(recordedOf(WM_COMMAND).empty());

@@ -19,11 +19,7 @@ namespace {
 class Messages : public UiLayerTest {
 protected:
     HWND recordingChild(HWND parent, RECT rect = RECT{0, 0, 40, 30}) {
-        WindowCreation creation;
-        creation.parent = parent;
-        creation.rect = rect;
-        creation.procedure = recordingWindowProcedure;
-        return createWindow(creation);
+        return createRecordingWindow(parent, rect);
     }
     std::vector<UINT> messageNumbers() {
         std::vector<UINT> numbers;

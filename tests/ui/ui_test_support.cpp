@@ -6,6 +6,7 @@
 #include "host/ui/host_windows.h"
 #include "host/ui/messages.h"
 #include "host/ui/window_functions.h"
+#include "host/ui/window_tree.h"
 
 using namespace kobal_layer;
 
@@ -30,6 +31,15 @@ LRESULT recordingDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     recordedMessages().push_back(RecordedMessage{window, message, wParam, lParam});
     if (message == WM_INITDIALOG) SetWindowLong(window, GWL_USERDATA, lParam);
     return 0;
+}
+
+HWND createRecordingWindow(HWND parent, RECT rect, bool visible) {
+    WindowCreation creation;
+    creation.parent = parent;
+    creation.rect = rect;
+    creation.procedure = recordingWindowProcedure;
+    creation.visible = visible;
+    return createWindow(creation);
 }
 
 void UiLayerTest::SetUp() {

@@ -27,6 +27,9 @@ LRESULT recordingWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 // WM_INITDIALOG keeps lParam in GWL_USERDATA as the plug-in's dialogs do.
 LRESULT recordingDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+// A child window with recordingWindowProcedure at `rect` in `parent`.
+HWND createRecordingWindow(HWND parent, RECT rect, bool visible = true);
+
 class UiLayerTest : public ::testing::Test {
 protected:
     void SetUp() override;

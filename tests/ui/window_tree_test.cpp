@@ -15,12 +15,7 @@ namespace {
 class WindowTree : public UiLayerTest {
 protected:
     HWND child(HWND parent, RECT rect, bool visible = true) {
-        WindowCreation creation;
-        creation.parent = parent;
-        creation.rect = rect;
-        creation.procedure = recordingWindowProcedure;
-        creation.visible = visible;
-        return createWindow(creation);
+        return createRecordingWindow(parent, rect, visible);
     }
 };
 
