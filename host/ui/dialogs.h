@@ -4,6 +4,14 @@
 // KOBAL_MakeSetCurParms and KOBAL_GenerateDialogFromList), then sends
 // WM_INITDIALOG with the creation parameter. Without a resource of that id it
 // makes a plain hidden child window whose procedure is a window procedure.
+//
+// Dialogs start hidden (the plug-in shows its dialogs itself); the
+// resource's window type flags are not used; the create callback gets
+// creation state 0, so controls are sized with the scale.
+//
+// A dialog procedure answers 0 for messages it leaves to the default
+// handling (SendMessage then runs DefWindowProc); a plain window's procedure
+// calls DefWindowProc itself.
 #pragma once
 
 #include "contracts/kobal.h"

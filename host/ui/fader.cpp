@@ -130,8 +130,9 @@ LRESULT faderProcedure(HWND fader, UINT message, WPARAM wParam, LPARAM lParam) {
             fader->needsPaint = true;
             return 0;
         case TBM_SETRANGE:
-            setRange(fader, *state, lowWord(static_cast<uintptr_t>(lParam)),
-                     highWord(static_cast<uintptr_t>(lParam)));
+            // LOWORD / HIWORD: unsigned, as Win32 reads them.
+            setRange(fader, *state, static_cast<int>(lParam & 0xFFFF),
+                     static_cast<int>((lParam >> 16) & 0xFFFF));
             return 0;
         case TBM_SETRANGEMIN: setRange(fader, *state, static_cast<int>(lParam), state->maximum); return 0;
         case TBM_SETRANGEMAX: setRange(fader, *state, state->minimum, static_cast<int>(lParam)); return 0;

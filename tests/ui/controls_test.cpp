@@ -223,6 +223,13 @@ TEST_F(Controls, FaderKeepsItsRangePositionAndTexts) {
     EXPECT_TRUE(recordedOf(WM_HSCROLL).empty());  // programs move it silently
 }
 
+TEST_F(Controls, FaderRangeWordsAreUnsigned) {
+    HWND fader = item(kHorizontal);
+    SendMessage(fader, TBM_SETRANGE, 0, (40000 << 16) | 10);
+    EXPECT_EQ(SendMessage(fader, TBM_GETRANGEMIN, 0, 0), 10);
+    EXPECT_EQ(SendMessage(fader, TBM_GETRANGEMAX, 0, 0), 40000);
+}
+
 TEST_F(Controls, DraggingAHorizontalFaderTracksThenEnds) {
     HWND fader = item(kHorizontal);
     // 210 pixels wide with a 10-pixel knob: 200 pixels of travel, 5 positions each.
