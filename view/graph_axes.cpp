@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "editor/gain_scale.h"
 #include "engine/eq_band.h"
 #include "plugin/eq_instance.h"
 #include "plugin/parameters.h"
@@ -11,7 +12,6 @@ namespace {
 
 constexpr double kFrequencyStep = 59.95;  // 23980 * 0.0025
 constexpr double kLowestFrequency = 20.0;
-constexpr double kSilentGain = 2.9802322387695312e-08;  // 2^-25
 
 constexpr GraphAxes kTallAxes{0, 0, 48.0, -24.0, 15.848931924611136, 0.06309573444801932};
 constexpr GraphAxes kShortAxes{0, 0, 24.0, -12.0, 3.9810717055349727, 0.251188643150958};
@@ -56,8 +56,6 @@ double amplitudeOfRow(const GraphAxes& axes, int y) {
 int rowOfDb(const GraphAxes& axes, double db) {
     return axes.height - static_cast<int>((db - axes.gainBottom) * axes.height / axes.gainRange);
 }
-
-double displayDb(double gain) { return gain < kSilentGain ? -150.0 : ampToDb(gain); }
 
 int handleRow(const GraphAxes& axes, int32_t type, double gain) {
     switch (type) {

@@ -32,8 +32,5 @@ double dbOfRow(const GraphAxes& axes, int y);
 double amplitudeOfRow(const GraphAxes& axes, int y);
 int rowOfDb(const GraphAxes& axes, double db);
 
-// dB of a linear gain for handles and texts: -150 below 2^-25.
-double displayDb(double gain);
-
 // The row a band's handle sits on before it is held inside the graph.
 int handleRow(const GraphAxes& axes, int32_t type, double gain);

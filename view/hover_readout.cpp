@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "contracts/mura.h"
+#include "editor/gain_scale.h"
 #include "engine/eq_band.h"
 #include "plugin/eq_instance.h"
 #include "plugin/host_imports.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "editor/gain_scale.h"
 #include "engine/eq_band.h"
 #include "plugin/eq_instance.h"
 #include "plugin/parameters.h"

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "editor/gain_scale.h"
 #include "engine/eq_band.h"
 #include "plugin/eq_instance.h"
 
