@@ -150,24 +150,28 @@ LRESULT faderProcedure(HWND fader, UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+// Texts in the upper half, track and knob in the lower half.
 void drawHorizontal(HWND fader, const FaderState& state, Canvas& canvas, int x, int y) {
     int width = windowWidth(*fader);
     int height = windowHeight(*fader);
-    int middle = y + height / 2;
-    canvas.fillRect(x + kFaderKnobLength / 2, middle - kTrackThickness / 2,
+    int lower = y + height / 2;
+    int track = lower + height / 4;
+    canvas.fillRect(x + kFaderKnobLength / 2, track - kTrackThickness / 2,
                     width - kFaderKnobLength, kTrackThickness, shadowPixel());
     for (int tic : state.tics)
         if (tic >= state.minimum && tic <= state.maximum)
             canvas.fillRect(x + knobOffset(fader, state, tic), y + height - kTicLength, 1,
                             kTicLength, textPixel());
-    RECT texts = rectAt(x + kFaderKnobLength, y, width - 2 * kFaderKnobLength, height / 2);
+    RECT texts = rectAt(x + 2, y, width - 4, height / 2);
     drawControlText(canvas, state.name, texts, DT_LEFT | DT_VCENTER, textPixel());
     drawControlText(canvas, state.value, texts, DT_RIGHT | DT_VCENTER, textPixel());
     int knob = x + knobOffset(fader, state, state.position) - kFaderKnobLength / 2;
-    drawFramedBox(canvas, rectAt(knob, y + 1, kFaderKnobLength, height - 2), fieldPixel(),
-                  textPixel());
+    drawFramedBox(canvas, rectAt(knob, lower, kFaderKnobLength, height - height / 2),
+                  fieldPixel(), textPixel());
 }
 
+// The name runs down from the top one character a line, as a narrow
+// vertical fader has no room for it across; the value sits at the foot.
 void drawVertical(HWND fader, const FaderState& state, Canvas& canvas, int x, int y) {
     int width = windowWidth(*fader);
     int height = windowHeight(*fader);
@@ -177,13 +181,17 @@ void drawVertical(HWND fader, const FaderState& state, Canvas& canvas, int x, in
     for (int tic : state.tics)
         if (tic >= state.minimum && tic <= state.maximum)
             canvas.fillRect(x, bottom - knobOffset(fader, state, tic), kTicLength, 1, textPixel());
+    for (size_t i = 0; i < state.name.size(); ++i) {
+        RECT cell = rectAt(x, y + static_cast<int>(i) * kControlTextHeight, width, kControlTextHeight);
+        canvas.fillRect(x + width / 2 - kFaderKnobLength / 2, cell.top, kFaderKnobLength,
+                        kControlTextHeight, facePixel());
+        drawControlText(canvas, state.name.substr(i, 1), cell, DT_CENTER | DT_VCENTER, textPixel());
+    }
+    RECT foot = rectAt(x, y + height - kControlTextHeight - 2, width, kControlTextHeight + 2);
+    drawControlText(canvas, state.value, foot, DT_CENTER | DT_VCENTER, textPixel());
     int knob = bottom - knobOffset(fader, state, state.position) - kFaderKnobLength / 2;
     drawFramedBox(canvas, rectAt(x + 1, knob, width - 2, kFaderKnobLength), fieldPixel(),
                   textPixel());
-    RECT top = rectAt(x, y, width, kControlTextHeight + 2);
-    RECT foot = rectAt(x, y + height - kControlTextHeight - 2, width, kControlTextHeight + 2);
-    drawControlText(canvas, state.name, top, DT_CENTER | DT_VCENTER, textPixel());
-    drawControlText(canvas, state.value, foot, DT_CENTER | DT_VCENTER, textPixel());
 }
 
 void drawFaderFace(HWND fader, Canvas& canvas, int x, int y) {
@@ -219,7 +227,8 @@ POINT faderPointOfPosition(HWND fader, int position) {
     int offset = knobOffset(fader, *state, clampPosition(*state, position));
     if (state->vertical)
         return POINT{windowWidth(*fader) / 2, windowHeight(*fader) - 1 - offset};
-    return POINT{offset, windowHeight(*fader) / 2};
+    int height = windowHeight(*fader);
+    return POINT{offset, height / 2 + height / 4};  // the knob fills the lower half
 }
 
 const char* faderText(HWND fader, WPARAM which) {
