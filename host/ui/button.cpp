@@ -73,8 +73,7 @@ void drawPushButton(const KobalWindow& button, const ButtonState& state, Canvas&
     drawControlText(canvas, button.text, area, DT_CENTER | DT_VCENTER, textPixel());
 }
 
-void drawCheckBox(const KobalWindow& button, const ButtonState& state, Canvas& canvas,
-                  RECT area) {
+void drawCheckBox(const KobalWindow& button, const ButtonState& state, Canvas& canvas, RECT area) {
     int boxTop = area.top + (area.bottom - area.top - kCheckBoxSize) / 2;
     RECT box = rectAt(area.left, boxTop, kCheckBoxSize, kCheckBoxSize);
     drawFramedBox(canvas, box, fieldPixel(), textPixel());
@@ -100,10 +99,14 @@ void drawGroupBox(const KobalWindow& box, Canvas& canvas, RECT area) {
 void drawButtonFace(HWND button, Canvas& canvas, int x, int y) {
     RECT area = rectAt(x, y, windowWidth(*button), windowHeight(*button));
     ButtonState* state = controlState<ButtonState>(button);
-    if (buttonType(button) == BS_GROUPBOX) drawGroupBox(*button, canvas, area);
-    else if (!state) return;
-    else if (isCheckBox(button)) drawCheckBox(*button, *state, canvas, area);
-    else drawPushButton(*button, *state, canvas, area);
+    if (buttonType(button) == BS_GROUPBOX)
+        drawGroupBox(*button, canvas, area);
+    else if (!state)
+        return;
+    else if (isCheckBox(button))
+        drawCheckBox(*button, *state, canvas, area);
+    else
+        drawPushButton(*button, *state, canvas, area);
 }
 
 std::unique_ptr<ControlState> makeButtonState(uint32_t) { return std::make_unique<ButtonState>(); }

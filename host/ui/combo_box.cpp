@@ -21,9 +21,7 @@ struct ComboState : ControlState {
     int selection = -1;
 };
 
-bool validIndex(const ComboState& state, WPARAM index) {
-    return index < state.entries.size();
-}
+bool validIndex(const ComboState& state, WPARAM index) { return index < state.entries.size(); }
 
 LRESULT insertEntry(HWND combo, ComboState& state, WPARAM index, LPARAM text) {
     std::string entry = text ? reinterpret_cast<const char*>(text) : "";
@@ -39,8 +37,10 @@ LRESULT deleteEntry(HWND combo, ComboState& state, WPARAM index) {
     if (!validIndex(state, index)) return CB_ERR;
     state.entries.erase(state.entries.begin() + static_cast<long>(index));
     int removed = static_cast<int>(index);
-    if (state.selection == removed) state.selection = -1;
-    else if (state.selection > removed) --state.selection;
+    if (state.selection == removed)
+        state.selection = -1;
+    else if (state.selection > removed)
+        --state.selection;
     combo->needsPaint = true;
     return static_cast<LRESULT>(state.entries.size());
 }
@@ -61,8 +61,7 @@ LRESULT selectEntry(HWND combo, ComboState& state, WPARAM index) {
 LRESULT selectedText(const ComboState& state, WPARAM limit, LPARAM buffer) {
     std::string text = state.selection >= 0 ? state.entries[state.selection] : "";
     lstrcpyn(reinterpret_cast<char*>(buffer), text.c_str(), static_cast<int>(limit));
-    return buffer && limit ? static_cast<LRESULT>(std::strlen(reinterpret_cast<char*>(buffer)))
-                           : 0;
+    return buffer && limit ? static_cast<LRESULT>(std::strlen(reinterpret_cast<char*>(buffer))) : 0;
 }
 
 LRESULT comboProcedure(HWND combo, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -87,8 +86,8 @@ LRESULT comboProcedure(HWND combo, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_GETTEXT: return selectedText(*state, wParam, lParam);
         case WM_LBUTTONDOWN:
             if (!state->entries.empty())
-                chooseComboEntryAsUser(combo, (state->selection + 1) %
-                                                  static_cast<int>(state->entries.size()));
+                chooseComboEntryAsUser(
+                    combo, (state->selection + 1) % static_cast<int>(state->entries.size()));
             return 0;
         default: return DefWindowProc(combo, message, wParam, lParam);
     }
@@ -113,7 +112,8 @@ void drawComboFace(HWND combo, Canvas& canvas, int x, int y) {
 std::unique_ptr<ControlState> makeComboState(uint32_t) { return std::make_unique<ComboState>(); }
 
 void fitToField(HWND combo) {
-    if (windowHeight(*combo) > kComboFieldHeight) combo->rect.bottom = combo->rect.top + kComboFieldHeight;
+    if (windowHeight(*combo) > kComboFieldHeight)
+        combo->rect.bottom = combo->rect.top + kComboFieldHeight;
 }
 
 }  // namespace

@@ -29,8 +29,8 @@ HWND createControl(HWND parent, const char* className, const char* text, int id,
                    const RECT& rect) {
     const ControlClass* standard = findControlClass(className);
     if (!standard) {
-        HWND custom = createCustomControl(parent, text, id, className, static_cast<int>(style),
-                                          rect);
+        HWND custom =
+            createCustomControl(parent, text, id, className, static_cast<int>(style), rect);
         if (custom) return custom;
     }
     WindowCreation creation;

@@ -63,8 +63,8 @@ ControlPlacement readControlRecord(const ControlRecord& record) {
 }
 
 HWND createDialogControl(HWND parent, const ControlPlacement& placement, const RECT& rect) {
-    return createControl(parent, placement.className.c_str(), placement.text.c_str(),
-                         placement.id, placement.style, rect);
+    return createControl(parent, placement.className.c_str(), placement.text.c_str(), placement.id,
+                         placement.style, rect);
 }
 
 }  // namespace kobal_layer

@@ -87,8 +87,8 @@ HWND KOBAL_CreateDialog(DialogResource* list, int resourceId, HWND parent, DLGPR
 
 void KOBAL_MakeSetCurParms(float xScale, float yScale, int xTranslation, int yTranslation,
                            HWND parent, bool doOffset, bool doSize) {
-    target() = GenerationTarget{parent, xScale, yScale, xTranslation, yTranslation, doOffset,
-                                doSize};
+    target() =
+        GenerationTarget{parent, xScale, yScale, xTranslation, yTranslation, doOffset, doSize};
 }
 
 void KOBAL_GenerateDialogFromList(const ControlRecord* list, int count) {

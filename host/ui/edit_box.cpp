@@ -63,7 +63,7 @@ void drawEditFace(HWND edit, Canvas& canvas, int x, int y) {
 
 }  // namespace
 
-const ControlClass kEditClass = {kEditClassName, editProcedure, nullptr, drawEditFace, nullptr,
-                                 nullptr};
+const ControlClass kEditClass = {kEditClassName, editProcedure, nullptr,
+                                 drawEditFace,   nullptr,       nullptr};
 
 }  // namespace kobal_layer

@@ -51,7 +51,8 @@ int knobOffset(HWND fader, const FaderState& state, int position) {
 
 int positionAtPoint(HWND fader, const FaderState& state, int x, int y) {
     int along = state.vertical ? windowHeight(*fader) - 1 - y : x;
-    double fraction = static_cast<double>(along - kFaderKnobLength / 2) / travelLength(fader, state);
+    double fraction =
+        static_cast<double>(along - kFaderKnobLength / 2) / travelLength(fader, state);
     long position = std::lround(state.minimum + fraction * (state.maximum - state.minimum));
     return clampPosition(state, position);
 }
@@ -109,7 +110,7 @@ void setRange(HWND fader, FaderState& state, int minimum, int maximum) {
 }
 
 LRESULT setText(HWND fader, FaderState& state, WPARAM which, LPARAM text) {
-    std::string* target = which == kFaderNameText ? &state.name
+    std::string* target = which == kFaderNameText    ? &state.name
                           : which == kFaderValueText ? &state.value
                                                      : nullptr;
     if (!target) return 0;
@@ -134,8 +135,12 @@ LRESULT faderProcedure(HWND fader, UINT message, WPARAM wParam, LPARAM lParam) {
             setRange(fader, *state, static_cast<int>(lParam & 0xFFFF),
                      static_cast<int>((lParam >> 16) & 0xFFFF));
             return 0;
-        case TBM_SETRANGEMIN: setRange(fader, *state, static_cast<int>(lParam), state->maximum); return 0;
-        case TBM_SETRANGEMAX: setRange(fader, *state, state->minimum, static_cast<int>(lParam)); return 0;
+        case TBM_SETRANGEMIN:
+            setRange(fader, *state, static_cast<int>(lParam), state->maximum);
+            return 0;
+        case TBM_SETRANGEMAX:
+            setRange(fader, *state, state->minimum, static_cast<int>(lParam));
+            return 0;
         case TBM_SETTIC:
             state->tics.push_back(lParam == -1 ? static_cast<int>(faderPositionOfDb(0.0))
                                                : static_cast<int>(lParam));
@@ -156,8 +161,8 @@ void drawHorizontal(HWND fader, const FaderState& state, Canvas& canvas, int x, 
     int height = windowHeight(*fader);
     int lower = y + height / 2;
     int track = lower + height / 4;
-    canvas.fillRect(x + kFaderKnobLength / 2, track - kTrackThickness / 2,
-                    width - kFaderKnobLength, kTrackThickness, shadowPixel());
+    canvas.fillRect(x + kFaderKnobLength / 2, track - kTrackThickness / 2, width - kFaderKnobLength,
+                    kTrackThickness, shadowPixel());
     for (int tic : state.tics)
         if (tic >= state.minimum && tic <= state.maximum)
             canvas.fillRect(x + knobOffset(fader, state, tic), y + height - kTicLength, 1,
@@ -166,8 +171,8 @@ void drawHorizontal(HWND fader, const FaderState& state, Canvas& canvas, int x, 
     drawControlText(canvas, state.name, texts, DT_LEFT | DT_VCENTER, textPixel());
     drawControlText(canvas, state.value, texts, DT_RIGHT | DT_VCENTER, textPixel());
     int knob = x + knobOffset(fader, state, state.position) - kFaderKnobLength / 2;
-    drawFramedBox(canvas, rectAt(knob, lower, kFaderKnobLength, height - height / 2),
-                  fieldPixel(), textPixel());
+    drawFramedBox(canvas, rectAt(knob, lower, kFaderKnobLength, height - height / 2), fieldPixel(),
+                  textPixel());
 }
 
 // The name runs down from the top one character a line, as a narrow
@@ -182,7 +187,8 @@ void drawVertical(HWND fader, const FaderState& state, Canvas& canvas, int x, in
         if (tic >= state.minimum && tic <= state.maximum)
             canvas.fillRect(x, bottom - knobOffset(fader, state, tic), kTicLength, 1, textPixel());
     for (size_t i = 0; i < state.name.size(); ++i) {
-        RECT cell = rectAt(x, y + static_cast<int>(i) * kControlTextHeight, width, kControlTextHeight);
+        RECT cell =
+            rectAt(x, y + static_cast<int>(i) * kControlTextHeight, width, kControlTextHeight);
         canvas.fillRect(x + width / 2 - kFaderKnobLength / 2, cell.top, kFaderKnobLength,
                         kControlTextHeight, facePixel());
         drawControlText(canvas, state.name.substr(i, 1), cell, DT_CENTER | DT_VCENTER, textPixel());
@@ -198,8 +204,10 @@ void drawFaderFace(HWND fader, Canvas& canvas, int x, int y) {
     FaderState* state = controlState<FaderState>(fader);
     canvas.fillRect(x, y, windowWidth(*fader), windowHeight(*fader), facePixel());
     if (!state) return;
-    if (state->vertical) drawVertical(fader, *state, canvas, x, y);
-    else drawHorizontal(fader, *state, canvas, x, y);
+    if (state->vertical)
+        drawVertical(fader, *state, canvas, x, y);
+    else
+        drawHorizontal(fader, *state, canvas, x, y);
 }
 
 std::unique_ptr<ControlState> makeHorizontalState(uint32_t) {
@@ -214,19 +222,20 @@ std::unique_ptr<ControlState> makeVerticalState(uint32_t) {
 
 }  // namespace
 
-const ControlClass kHorizontalFaderClass = {kHorizontalFaderClassName, faderProcedure,
-                                            makeHorizontalState,       drawFaderFace,
-                                            nullptr,                   nullptr};
-const ControlClass kVerticalFaderClass = {kVerticalFaderClassName, faderProcedure,
-                                          makeVerticalState,       drawFaderFace,
-                                          nullptr,                 nullptr};
+const ControlClass kHorizontalFaderClass = {kHorizontalFaderClassName,
+                                            faderProcedure,
+                                            makeHorizontalState,
+                                            drawFaderFace,
+                                            nullptr,
+                                            nullptr};
+const ControlClass kVerticalFaderClass = {
+    kVerticalFaderClassName, faderProcedure, makeVerticalState, drawFaderFace, nullptr, nullptr};
 
 POINT faderPointOfPosition(HWND fader, int position) {
     FaderState* state = controlState<FaderState>(fader);
     if (!state) return POINT{0, 0};
     int offset = knobOffset(fader, *state, clampPosition(*state, position));
-    if (state->vertical)
-        return POINT{windowWidth(*fader) / 2, windowHeight(*fader) - 1 - offset};
+    if (state->vertical) return POINT{windowWidth(*fader) / 2, windowHeight(*fader) - 1 - offset};
     int height = windowHeight(*fader);
     return POINT{offset, height / 2 + height / 4};  // the knob fills the lower half
 }

@@ -23,7 +23,8 @@ HWND SetFocus(HWND window) {
     HWND previous = focusedWindow;
     if (previous == window) return previous;
     focusedWindow = window;
-    if (liveWindow(previous)) SendMessage(previous, WM_KILLFOCUS, reinterpret_cast<WPARAM>(window), 0);
+    if (liveWindow(previous))
+        SendMessage(previous, WM_KILLFOCUS, reinterpret_cast<WPARAM>(window), 0);
     if (liveWindow(window) && focusedWindow == window)
         SendMessage(window, WM_SETFOCUS, reinterpret_cast<WPARAM>(previous), 0);
     return previous;

@@ -63,8 +63,7 @@ HWND moveMouse(POINT screenPoint) { return deliverMouse(WM_MOUSEMOVE, screenPoin
 
 HWND pressMouse(MouseButton button, POINT screenPoint) {
     setKeyDown(buttonKey(button), true);
-    return deliverMouse(button == MouseButton::left ? WM_LBUTTONDOWN : WM_RBUTTONDOWN,
-                        screenPoint);
+    return deliverMouse(button == MouseButton::left ? WM_LBUTTONDOWN : WM_RBUTTONDOWN, screenPoint);
 }
 
 HWND releaseMouse(MouseButton button, POINT screenPoint) {

@@ -10,19 +10,19 @@
 
 #include "contracts/kobal_function_names.h"
 #include "host/ui/custom_controls.h"
+#include "host/ui/dialog_items.h"
+#include "host/ui/dialogs.h"
 #include "host/ui/focus_and_capture.h"
+#include "host/ui/kobal_layer_options.h"
 #include "host/ui/menus.h"
+#include "host/ui/messages.h"
 #include "host/ui/painting.h"
 #include "host/ui/pointer_and_keys.h"
 #include "host/ui/system_colors.h"
 #include "host/ui/tab_control.h"
-#include "host/ui/ui_font.h"
-#include "host/ui/dialog_items.h"
-#include "host/ui/dialogs.h"
-#include "host/ui/kobal_layer_options.h"
-#include "host/ui/messages.h"
 #include "host/ui/text_and_time.h"
 #include "host/ui/timers.h"
+#include "host/ui/ui_font.h"
 #include "host/ui/unsupported_call.h"
 #include "host/ui/window_functions.h"
 
@@ -40,10 +40,11 @@ void* addressOf(Expected function) {
 }
 
 // The functions the plug-in calls, checked against the signatures it calls them with.
-#define CALLED_FUNCTION(name)                                                                \
-    {#name, addressOf<name##Proc>(&kobal_layer::name)}
+#define CALLED_FUNCTION(name) \
+    { #name, addressOf < name##Proc>(&kobal_layer::name) }
 // Further functions of the interface that this layer implements as well.
-#define OTHER_FUNCTION(name) {#name, reinterpret_cast<void*>(&kobal_layer::name)}
+#define OTHER_FUNCTION(name) \
+    { #name, reinterpret_cast < void*>(&kobal_layer::name) }
 
 const ImplementedFunction kImplementedFunctions[] = {
     CALLED_FUNCTION(lstrcpyn),
@@ -128,6 +129,5 @@ extern "C" __attribute__((visibility("default"))) void* KOBALAPI_GetFunc(const c
     if (options.missingFunctions.count(name)) return nullptr;
     for (const ImplementedFunction& function : kImplementedFunctions)
         if (std::strcmp(function.name, name) == 0) return function.address;
-    return isInterfaceName(name) ? reinterpret_cast<void*>(&kobal_layer::unsupportedCall)
-                                 : nullptr;
+    return isInterfaceName(name) ? reinterpret_cast<void*>(&kobal_layer::unsupportedCall) : nullptr;
 }

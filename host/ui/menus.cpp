@@ -54,8 +54,7 @@ void forgetTree(KobalMenu* menu) {
 }
 
 KobalMenuItem* findItem(KobalMenu* menu, UINT item, UINT flags) {
-    if (flags & MF_BYPOSITION)
-        return item < menu->items.size() ? &menu->items[item] : nullptr;
+    if (flags & MF_BYPOSITION) return item < menu->items.size() ? &menu->items[item] : nullptr;
     for (KobalMenuItem& entry : menu->items) {
         if (!entry.separator && !entry.popup && entry.commandId == item) return &entry;
         if (entry.popup)

@@ -114,9 +114,9 @@ LRESULT DefWindowProc(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_GETTEXT:
             lstrcpyn(reinterpret_cast<char*>(lParam), window->text.c_str(),
                      static_cast<int>(wParam));
-            return lParam && wParam ? static_cast<LRESULT>(std::strlen(
-                                          reinterpret_cast<const char*>(lParam)))
-                                    : 0;
+            return lParam && wParam
+                       ? static_cast<LRESULT>(std::strlen(reinterpret_cast<const char*>(lParam)))
+                       : 0;
         case WM_CLOSE: DestroyWindow(handle); return 0;
         case WM_MOUSEWHEEL:
             return window->parent ? SendMessage(window->parent, message, wParam, lParam) : 0;

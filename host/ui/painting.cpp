@@ -22,7 +22,8 @@ Canvas& surfaceFor(KobalWindow& window) {
     int width = windowWidth(window) > 0 ? windowWidth(window) : 1;
     int height = windowHeight(window) > 0 ? windowHeight(window) : 1;
     std::unique_ptr<Canvas>& surface = surfaces()[&window];
-    if (!surface) surface = std::make_unique<Canvas>(width, height);
+    if (!surface)
+        surface = std::make_unique<Canvas>(width, height);
     else if (surface->width() != width || surface->height() != height)
         surface->resize(width, height);
     return *surface;

@@ -53,8 +53,10 @@ HCURSOR KOBAL_SetCursor(HCURSOR cursor) {
 void setCursorPosition(POINT screenPoint) { cursorPosition = screenPoint; }
 
 void setKeyDown(int virtualKey, bool down) {
-    if (down) keysDown().insert(virtualKey);
-    else keysDown().erase(virtualKey);
+    if (down)
+        keysDown().insert(virtualKey);
+    else
+        keysDown().erase(virtualKey);
 }
 
 void releaseAllKeys() { keysDown().clear(); }

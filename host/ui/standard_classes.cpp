@@ -11,8 +11,8 @@ namespace kobal_layer {
 
 const ControlClass* const* standardClasses(int* count) {
     static const ControlClass* const classes[] = {
-        &kButtonClass,      &kStaticClass,          &kEditClass,          &kComboClass,
-        &kTabControlClass,  &kHorizontalFaderClass, &kVerticalFaderClass,
+        &kButtonClass,     &kStaticClass,          &kEditClass,          &kComboClass,
+        &kTabControlClass, &kHorizontalFaderClass, &kVerticalFaderClass,
     };
     *count = static_cast<int>(sizeof(classes) / sizeof(classes[0]));
     return classes;

@@ -29,7 +29,7 @@ void drawStaticFace(HWND label, Canvas& canvas, int x, int y) {
 
 }  // namespace
 
-const ControlClass kStaticClass = {kStaticClassName, DefWindowProc, nullptr, drawStaticFace,
-                                   nullptr,          nullptr};
+const ControlClass kStaticClass = {kStaticClassName, DefWindowProc, nullptr,
+                                   drawStaticFace,   nullptr,       nullptr};
 
 }  // namespace kobal_layer

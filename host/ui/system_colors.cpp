@@ -9,21 +9,21 @@ struct SystemColor {
 };
 
 constexpr SystemColor kSystemColors[] = {
-    {0, 0xC8C8C8},                         // scroll bar
-    {1, 0x000000},                         // desktop
-    {4, 0xF0F0F0},                         // menu
-    {COLOR_WINDOW, 0xFFFFFF},              //
-    {6, 0x646464},                         // window frame
-    {7, 0x000000},                         // menu text
-    {COLOR_READOUT_BACKGROUND, 0xFFFFE1},  //
-    {COLOR_READOUT_TEXT, 0x000000},        //
-    {COLOR_HIGHLIGHT, 0x0078D7},           //
-    {COLOR_HIGHLIGHTTEXT, 0xFFFFFF},       //
-    {COLOR_BTNFACE, 0xF0F0F0},             //
-    {COLOR_BTNSHADOW, 0xA0A0A0},           //
-    {COLOR_GRAYTEXT, 0x6D6D6D},            //
-    {COLOR_BTNTEXT, 0x000000},             //
-    {20, 0xFFFFFF},                        // button highlight
+    {COLOR_SCROLLBAR, 0xC8C8C8},
+    {COLOR_BACKGROUND, 0x000000},
+    {COLOR_MENU, 0xF0F0F0},
+    {COLOR_WINDOW, 0xFFFFFF},
+    {COLOR_WINDOWFRAME, 0x646464},
+    {COLOR_MENUTEXT, 0x000000},
+    {COLOR_READOUT_BACKGROUND, 0xFFFFE1},
+    {COLOR_READOUT_TEXT, 0x000000},
+    {COLOR_HIGHLIGHT, 0x0078D7},
+    {COLOR_HIGHLIGHTTEXT, 0xFFFFFF},
+    {COLOR_BTNFACE, 0xF0F0F0},
+    {COLOR_BTNSHADOW, 0xA0A0A0},
+    {COLOR_GRAYTEXT, 0x6D6D6D},
+    {COLOR_BTNTEXT, 0x000000},
+    {COLOR_BTNHIGHLIGHT, 0xFFFFFF},
 };
 
 }  // namespace

@@ -8,7 +8,12 @@
 
 namespace kobal_layer {
 
+constexpr int COLOR_SCROLLBAR = 0;
+constexpr int COLOR_BACKGROUND = 1;
+constexpr int COLOR_MENU = 4;
 constexpr int COLOR_WINDOW = 5;
+constexpr int COLOR_WINDOWFRAME = 6;
+constexpr int COLOR_MENUTEXT = 7;
 constexpr int COLOR_READOUT_BACKGROUND = 8;
 constexpr int COLOR_READOUT_TEXT = 9;
 constexpr int COLOR_HIGHLIGHT = 13;
@@ -17,6 +22,7 @@ constexpr int COLOR_BTNFACE = 15;
 constexpr int COLOR_BTNSHADOW = 16;
 constexpr int COLOR_GRAYTEXT = 17;
 constexpr int COLOR_BTNTEXT = 18;
+constexpr int COLOR_BTNHIGHLIGHT = 20;
 
 // Unknown indexes answer 0 (black).
 DWORD GetSysColor(int index);

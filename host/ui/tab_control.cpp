@@ -67,8 +67,7 @@ void drawTabFace(HWND tabs, Canvas& canvas, int x, int y) {
         RECT placed{header.left + x, header.top + y, header.right + x, header.bottom + y};
         bool current = index == state->selection;
         drawFramedBox(canvas, placed, current ? fieldPixel() : facePixel(), shadowPixel());
-        drawControlText(canvas, state->texts[index], placed, DT_CENTER | DT_VCENTER,
-                        textPixel());
+        drawControlText(canvas, state->texts[index], placed, DT_CENTER | DT_VCENTER, textPixel());
     }
 }
 
@@ -88,8 +87,10 @@ BOOL TabCtrl_DeleteItem(HWND tabs, int index) {
     TabState* state = controlState<TabState>(tabs);
     if (!state || index < 0 || index >= static_cast<int>(state->texts.size())) return 0;
     state->texts.erase(state->texts.begin() + index);
-    if (state->selection == index) state->selection = -1;
-    else if (state->selection > index) --state->selection;
+    if (state->selection == index)
+        state->selection = -1;
+    else if (state->selection > index)
+        --state->selection;
     tabs->needsPaint = true;
     return 1;
 }
@@ -101,8 +102,10 @@ int TabCtrl_InsertItem(HWND tabs, int index, const TCITEM* item) {
     int at = index < count ? index : count;
     std::string text = (item->mask & TCIF_TEXT) && item->pszText ? item->pszText : "";
     state->texts.insert(state->texts.begin() + at, std::move(text));
-    if (count == 0) state->selection = 0;  // the first tab becomes the current one
-    else if (state->selection >= at) ++state->selection;
+    if (count == 0)
+        state->selection = 0;  // the first tab becomes the current one
+    else if (state->selection >= at)
+        ++state->selection;
     tabs->needsPaint = true;
     return at;
 }

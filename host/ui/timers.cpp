@@ -79,8 +79,10 @@ int fireDueTimers() {
         }
     for (const Timer& timer : due) {
         if (!stillSet(timer)) continue;  // killed by an earlier timer of this pass
-        if (timer.callback) timer.callback(timer.window, WM_TIMER, timer.id, now);
-        else SendMessage(timer.window, WM_TIMER, timer.id, 0);
+        if (timer.callback)
+            timer.callback(timer.window, WM_TIMER, timer.id, now);
+        else
+            SendMessage(timer.window, WM_TIMER, timer.id, 0);
     }
     return static_cast<int>(due.size());
 }

@@ -96,8 +96,8 @@ BOOL GetWindowRect(HWND handle, RECT* rect) {
     KobalWindow* window = liveWindow(handle);
     if (!window || !rect) return 0;
     POINT origin = screenOrigin(handle);
-    *rect = RECT{origin.x, origin.y, origin.x + windowWidth(*window),
-                 origin.y + windowHeight(*window)};
+    *rect =
+        RECT{origin.x, origin.y, origin.x + windowWidth(*window), origin.y + windowHeight(*window)};
     return 1;
 }
 
@@ -171,8 +171,10 @@ BOOL EnableWindow(HWND handle, BOOL enable) {
     KobalWindow* window = liveWindow(handle);
     if (!window) return 0;
     bool wasDisabled = window->style & WS_DISABLED_STYLE;
-    if (enable) window->style &= ~WS_DISABLED_STYLE;
-    else window->style |= WS_DISABLED_STYLE;
+    if (enable)
+        window->style &= ~WS_DISABLED_STYLE;
+    else
+        window->style |= WS_DISABLED_STYLE;
     window->needsPaint = true;
     return wasDisabled ? 1 : 0;
 }

@@ -145,7 +145,8 @@ TEST_F(Dialogs, CustomCreatorsMakeUnknownClassesInRegistrationOrder) {
     HWND dialog = KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure, 0);
     HWND graph = GetDlgItem(dialog, kCustomId);
     ASSERT_NE(graph, nullptr);
-    EXPECT_EQ(GetWindowLong(graph, GWL_WNDPROC), reinterpret_cast<LONG_PTR>(recordingWindowProcedure));
+    EXPECT_EQ(GetWindowLong(graph, GWL_WNDPROC),
+              reinterpret_cast<LONG_PTR>(recordingWindowProcedure));
     EXPECT_TRUE(graph->visible);  // the creator showed it
     RECT rect = rectOf(graph);
     EXPECT_EQ(rect.left, 7);  // 4 × 1.7 = 6.8

@@ -1,6 +1,7 @@
 // Injected pointer and keyboard input, routed the Win32 way.
-#include "host/ui/focus_and_capture.h"
 #include "host/ui/input_injection.h"
+
+#include "host/ui/focus_and_capture.h"
 #include "host/ui/pointer_and_keys.h"
 #include "host/ui/window_functions.h"
 #include "host/ui/window_tree.h"
@@ -81,8 +82,8 @@ TEST_F(InputInjection, DoubleClickIsDownUpDoubleClickUp) {
     std::vector<UINT> buttons;
     for (const RecordedMessage& message : recordedMessages())
         if (message.message != WM_SETCURSOR) buttons.push_back(message.message);
-    EXPECT_EQ(buttons, (std::vector<UINT>{WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK,
-                                          WM_LBUTTONUP}));
+    EXPECT_EQ(buttons,
+              (std::vector<UINT>{WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}));
 }
 
 TEST_F(InputInjection, WheelCarriesTheDeltaAndTheScreenPoint) {

@@ -1,5 +1,6 @@
 // Menus from resource lists, their items' states and popup tracking.
 #include "host/ui/menus.h"
+
 #include "host/ui/messages.h"
 #include "host/ui/window_tree.h"
 #include "tests/ui/ui_test_support.h"
@@ -9,15 +10,9 @@ using namespace kobal_layer;
 namespace {
 
 const MenuEntry kEntries[] = {
-    {"/.BO^O:Context", 0, 0, 0},
-    {"Add new band", 40001, 0, 0},
-    {"Delete band", 40002, 0, 0},
-    {nullptr, 0xFFFF, 0, 0},
-    {"/.BO^O:Band type", 0, 0, 0},
-    {"Low Shelf", 40006, 0, 0},
-    {"High Shelf", 40007, 0, 0},
-    {"EN%%%^:", 0, 0, 0},
-    {"Enable band", 40003, 0, 0},
+    {"/.BO^O:Context", 0, 0, 0}, {"Add new band", 40001, 0, 0}, {"Delete band", 40002, 0, 0},
+    {nullptr, 0xFFFF, 0, 0},     {"/.BO^O:Band type", 0, 0, 0}, {"Low Shelf", 40006, 0, 0},
+    {"High Shelf", 40007, 0, 0}, {"EN%%%^:", 0, 0, 0},          {"Enable band", 40003, 0, 0},
     {"EN%%%^:", 0, 0, 0},
 };
 
@@ -75,7 +70,8 @@ TEST_F(Menus, UnknownResourcesAndEmptyCallbacksAreHandled) {
 TEST_F(Menus, EnableAndCheckReturnThePreviousStateAndReachIntoPopups) {
     HMENU menu = loadContext();
     HMENU context = GetSubMenu(menu, 0);
-    EXPECT_EQ(EnableMenuItem(context, 40002, MF_BYCOMMAND | MF_GRAYED), static_cast<BOOL>(MF_ENABLED));
+    EXPECT_EQ(EnableMenuItem(context, 40002, MF_BYCOMMAND | MF_GRAYED),
+              static_cast<BOOL>(MF_ENABLED));
     EXPECT_EQ(EnableMenuItem(context, 40002, MF_ENABLED), static_cast<BOOL>(MF_GRAYED));
     EnableMenuItem(context, 40002, MF_GRAYED);
     EXPECT_EQ(CheckMenuItem(context, 40007, MF_CHECKED), MF_UNCHECKED);

@@ -1,9 +1,10 @@
 // Sent and posted messages, the pump, timers on the test clock and painting.
+#include "host/ui/messages.h"
+
 #include <cstdio>
 
 #include "host/raster/canvas.h"
 #include "host/ui/host_clock.h"
-#include "host/ui/messages.h"
 #include "host/ui/painting.h"
 #include "host/ui/system_colors.h"
 #include "host/ui/timers.h"
@@ -23,7 +24,8 @@ protected:
     }
     std::vector<UINT> messageNumbers() {
         std::vector<UINT> numbers;
-        for (const RecordedMessage& message : recordedMessages()) numbers.push_back(message.message);
+        for (const RecordedMessage& message : recordedMessages())
+            numbers.push_back(message.message);
         return numbers;
     }
 };

@@ -1,4 +1,6 @@
 // Pictures of dialogs: standard control faces, self-painted windows, PNG output.
+#include "host/ui/screenshot.h"
+
 #include <cairo.h>
 
 #include <filesystem>
@@ -9,7 +11,6 @@
 #include "host/ui/fader.h"
 #include "host/ui/messages.h"
 #include "host/ui/painting.h"
-#include "host/ui/screenshot.h"
 #include "host/ui/tab_control.h"
 #include "host/ui/window_functions.h"
 #include "host/ui/window_tree.h"
@@ -54,7 +55,8 @@ class Screenshots : public UiLayerTest {
 protected:
     void SetUp() override {
         UiLayerTest::SetUp();
-        dialog = KOBAL_CreateDialog(&pictureResource, 400, hostWindow(), recordingDialogProcedure, 0);
+        dialog =
+            KOBAL_CreateDialog(&pictureResource, 400, hostWindow(), recordingDialogProcedure, 0);
         ShowWindow(dialog, SW_SHOW);
         CheckDlgButton(dialog, kOn, BST_CHECKED);
         char one[] = "1", two[] = "2";
@@ -99,7 +101,7 @@ TEST_F(Screenshots, CheckBoxesShowTheirStateAndButtonsTheirText) {
     RECT uncheckedInside{113, 48, 121, 56};
     EXPECT_TRUE(hasDarkPixel(*picture, checkedInside));
     EXPECT_FALSE(hasDarkPixel(*picture, uncheckedInside));
-    EXPECT_TRUE(hasDarkPixel(*picture, RECT{30, 15, 70, 30}));  // "Add band"
+    EXPECT_TRUE(hasDarkPixel(*picture, RECT{30, 15, 70, 30}));    // "Add band"
     EXPECT_TRUE(hasDarkPixel(*picture, RECT{130, 44, 200, 60}));  // "Show tabs"
 }
 

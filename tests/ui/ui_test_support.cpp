@@ -54,7 +54,8 @@ void UiLayerTest::TearDown() {
 }
 
 HWND UiLayerTest::hostWindow() {
-    return createHostWindow("Test host", RECT{kHostLeft, kHostTop, kHostLeft + 400, kHostTop + 300});
+    return createHostWindow("Test host",
+                            RECT{kHostLeft, kHostTop, kHostLeft + 400, kHostTop + 300});
 }
 
 std::string screenshotPath(const std::string& fileName) {

@@ -1,11 +1,12 @@
 // Windows: geometry, hit testing, window words, destruction, focus and capture.
+#include "host/ui/window_tree.h"
+
 #include <algorithm>
 
 #include "host/ui/dialog_controls.h"
 #include "host/ui/focus_and_capture.h"
 #include "host/ui/messages.h"
 #include "host/ui/window_functions.h"
-#include "host/ui/window_tree.h"
 #include "tests/ui/ui_test_support.h"
 
 using namespace kobal_layer;
@@ -62,9 +63,9 @@ TEST_F(WindowTree, WindowFromPointFindsTheDeepestShownEnabledWindow) {
 
 TEST_F(WindowTree, GroupBoxesAreTransparentToTheMouse) {
     HWND host = hostWindow();
-    HWND group = createDialogControl(host, ControlPlacement{kButtonClassName, "Group", 7,
-                                                            BS_GROUPBOX, 0, 0, 0, 0},
-                                     RECT{0, 0, 300, 200});
+    HWND group = createDialogControl(
+        host, ControlPlacement{kButtonClassName, "Group", 7, BS_GROUPBOX, 0, 0, 0, 0},
+        RECT{0, 0, 300, 200});
     ASSERT_NE(group, nullptr);
     EXPECT_EQ(WindowFromPoint(POINT{kHostLeft + 50, kHostTop + 50}), host);
 }
