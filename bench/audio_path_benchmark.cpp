@@ -44,8 +44,10 @@ struct Contenders {
     int32_t shippedBlocks = 0, referenceBlocks = 0;
 
     Contenders(int32_t bands, bool glide)
-        : settings(peakingBandSettings(bands)), instance(makeBenchInstance(settings)),
-          reference(makeBenchReference(settings)), gliding(glide) {}
+        : settings(peakingBandSettings(bands)),
+          instance(makeBenchInstance(settings)),
+          reference(makeBenchReference(settings)),
+          gliding(glide) {}
     ~Contenders() { discardInstance(instance); }
 
     void runShipped(StereoBuffers& io) {
@@ -70,8 +72,10 @@ bool sameBits(const double* a, const double* b, size_t count) {
 
 bool sameHistories(const Contenders& c) {
     for (size_t i = 0; i < c.reference.bands.size(); ++i) {
-        const EqBand &shipped = *c.instance->band(static_cast<int32_t>(i)), &ref = c.reference.bands[i];
-        if (!sameBits(&shipped.historyLeft.x1, &ref.historyLeft.x1, 8) || !sameBits(&shipped.a1, &ref.a1, 5))
+        const EqBand &shipped = *c.instance->band(static_cast<int32_t>(i)),
+                     &ref = c.reference.bands[i];
+        if (!sameBits(&shipped.historyLeft.x1, &ref.historyLeft.x1, 8) ||
+            !sameBits(&shipped.a1, &ref.a1, 5))
             return false;
     }
     return true;
@@ -112,17 +116,18 @@ Timing timeCase(int32_t bands, bool gliding, const BenchOptions& options) {
 }  // namespace
 
 void runAudioPathSuite(const BenchOptions& options) {
-    std::printf("Audio path: ns per band per stereo frame, %d-frame blocks, peaking bands,\n"
-                "shipped = processDoubleReplacing (%s kernels), scalar = straightforward loop\n\n",
-                kBlockFrames, instructionSetName(fastestInstructionSet()));
+    std::printf(
+        "Audio path: ns per band per stereo frame, %d-frame blocks, peaking bands,\n"
+        "shipped = processDoubleReplacing (%s kernels), scalar = straightforward loop\n\n",
+        kBlockFrames, instructionSetName(fastestInstructionSet()));
     std::printf("%6s  %-8s %10s %10s %8s  %s\n", "bands", "case", "scalar", "shipped", "speedup",
                 "same bits");
     for (bool gliding : {false, true}) {
         for (int32_t bands : kBandCounts) {
             Timing t = timeCase(bands, gliding, options);
-            std::printf("%6d  %-8s %10.3f %10.3f %7.2fx  %s\n", bands, gliding ? "gliding" : "steady",
-                        t.reference, t.shipped, t.reference / t.shipped,
-                        agree(bands, gliding) ? "yes" : "NO");
+            std::printf("%6d  %-8s %10.3f %10.3f %7.2fx  %s\n", bands,
+                        gliding ? "gliding" : "steady", t.reference, t.shipped,
+                        t.reference / t.shipped, agree(bands, gliding) ? "yes" : "NO");
             std::fflush(stdout);
         }
     }

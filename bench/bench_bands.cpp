@@ -20,8 +20,8 @@ std::vector<BandSetting> peakingBandSettings(int32_t count) {
 EqInstance* makeBenchInstance(const std::vector<BandSetting>& settings) {
     EqInstance* instance = allocateInstance(nullptr);
     for (const BandSetting& s : settings)
-        appendBand(instance,
-                   createDesignedBand(Band, s.frequency, s.gain, s.bandwidth, instance->sampleRate));
+        appendBand(instance, createDesignedBand(Band, s.frequency, s.gain, s.bandwidth,
+                                                instance->sampleRate));
     return instance;
 }
 

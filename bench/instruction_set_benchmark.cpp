@@ -53,8 +53,10 @@ struct KernelBench {
 }  // namespace
 
 void runInstructionSetSuite(const BenchOptions& options) {
-    std::printf("Steady cascade by instruction set: ns per band per stereo frame "
-                "(speedup over runBandKernelScalar)\n\n%6s %16s", "bands", "scalar kernel");
+    std::printf(
+        "Steady cascade by instruction set: ns per band per stereo frame "
+        "(speedup over runBandKernelScalar)\n\n%6s %16s",
+        "bands", "scalar kernel");
     for (InstructionSet set : kSets) std::printf(" %16s", instructionSetName(set));
     std::printf("\n");
     int32_t trials = options.quick ? 3 : 7;
@@ -70,7 +72,8 @@ void runInstructionSetSuite(const BenchOptions& options) {
                 continue;
             }
             CascadeKernel kernel = bandKernelsFor(set).runCascade;
-            double t = scale * fastestSecondsPerCall(trials, repeats, [&] { bench.runCascade(kernel); });
+            double t =
+                scale * fastestSecondsPerCall(trials, repeats, [&] { bench.runCascade(kernel); });
             char cell[32];
             std::snprintf(cell, sizeof cell, "%.3f (%.1fx)", t, scalar / t);
             std::printf(" %16s", cell);

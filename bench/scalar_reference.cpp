@@ -1,5 +1,6 @@
 #include "bench/scalar_reference.h"
 
+#include <bit>
 #include <cmath>
 #include <cstring>
 
@@ -7,21 +8,28 @@ namespace {
 
 constexpr int32_t kGlideChunk = 8;
 
+// Zero when the biased exponent plus one (modulo 2048) is below 970: tiny,
+// denormal and non-finite results. Written on the bits, as the product does,
+// so the compiler can make it a well-predicted branch.
 double flushed(double y) {
-    return std::fabs(y) < 0x1p-54 || !std::isfinite(y) ? 0.0 : y;
+    uint64_t exponent = std::bit_cast<uint64_t>(y) >> 52;
+    return ((exponent + 1) & 0x7FF) < 970 ? 0.0 : y;
 }
 
-void filterChannel(const EqBand& band, BiquadHistory& h, const double* in, double* out,
+void filterChannel(const EqBand& band, BiquadHistory& history, const double* in, double* out,
                    int32_t frames) {
+    const double b0 = band.b0, b1 = band.b1, b2 = band.b2, a1 = band.a1, a2 = band.a2;
+    double x1 = history.x1, x2 = history.x2, y1 = history.y1, y2 = history.y2;
     for (int32_t i = 0; i < frames; ++i) {
         double x = in[i];
-        double y = band.b0 * x + band.b1 * h.x1 + band.b2 * h.x2 - band.a1 * h.y1 - band.a2 * h.y2;
-        h.x2 = h.x1;
-        h.x1 = x;
-        h.y2 = h.y1;
-        h.y1 = flushed(y);
-        out[i] = h.y1;
+        double y = flushed(b0 * x + b1 * x1 + b2 * x2 - a1 * y1 - a2 * y2);
+        x2 = x1;
+        x1 = x;
+        y2 = y1;
+        y1 = y;
+        out[i] = y;
     }
+    history = {x1, x2, y1, y2};
 }
 
 void filterBand(EqBand& band, const double* const in[2], double* const out[2], int32_t offset,
@@ -58,8 +66,7 @@ void glide(EqBand& b, const double* const in[2], double* const out[2], int32_t f
 
 }  // namespace
 
-void ScalarReference::process(double* const inputs[2], double* const outputs[2],
-                              int32_t frames) {
+void ScalarReference::process(double* const inputs[2], double* const outputs[2], int32_t frames) {
     const double* in[2] = {inputs[0], inputs[1]};
     bool anyRun = false;
     for (EqBand& band : bands) {

@@ -28,13 +28,13 @@ struct Avx2Lanes {
             _mm256_and_si256(_mm256_add_epi64(_mm256_castpd_si256(y), exponentOne), exponentField);
         return _mm256_cmpgt_epi64(field, lastFlushed);
     }
-    static Vector flushTiny(Vector y) {
-        return _mm256_and_pd(y, _mm256_castsi256_pd(kept(y)));
-    }
+    static Vector flushTiny(Vector y) { return _mm256_and_pd(y, _mm256_castsi256_pd(kept(y))); }
 
     // The bits flushTiny would clear: nonzero only where flushing changes y.
     using Stray = __m256i;
-    static Stray strayBits(Vector y) { return _mm256_andnot_si256(kept(y), _mm256_castpd_si256(y)); }
+    static Stray strayBits(Vector y) {
+        return _mm256_andnot_si256(kept(y), _mm256_castpd_si256(y));
+    }
     static Stray either(Stray a, Stray b) { return _mm256_or_si256(a, b); }
     static bool any(Stray bits) { return !_mm256_testz_si256(bits, bits); }
 

@@ -58,8 +58,7 @@ struct Avx512Lanes {
         return _mm512_permutex2var_pd(current, order, _mm512_zextpd128_pd512(pair));
     }
     static __m128d bandPair(Vector value, int32_t band) {
-        __m256d half =
-            band < 2 ? _mm512_castpd512_pd256(value) : _mm512_extractf64x4_pd(value, 1);
+        __m256d half = band < 2 ? _mm512_castpd512_pd256(value) : _mm512_extractf64x4_pd(value, 1);
         return band % 2 == 0 ? _mm256_castpd256_pd128(half) : _mm256_extractf128_pd(half, 1);
     }
 };

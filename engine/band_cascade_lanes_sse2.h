@@ -25,8 +25,7 @@ struct Sse2Lanes {
         const Vector smallestKept = _mm_set1_pd(0x1p-54);
         const Vector infinity = _mm_castsi128_pd(_mm_set1_epi64x(0x7FF0000000000000));
         Vector magnitude = _mm_and_pd(y, magnitudeBits);
-        return _mm_and_pd(_mm_cmpge_pd(magnitude, smallestKept),
-                          _mm_cmplt_pd(magnitude, infinity));
+        return _mm_and_pd(_mm_cmpge_pd(magnitude, smallestKept), _mm_cmplt_pd(magnitude, infinity));
     }
     static Vector flushTiny(Vector y) { return _mm_and_pd(y, kept(y)); }
 

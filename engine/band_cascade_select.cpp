@@ -1,13 +1,17 @@
 // The run-time choice of instruction set for the filter kernels.
 #include "engine/band_cascade.h"
+
+#include <atomic>
+
+#include "engine/band_cascade_stereo.h"
 #include "engine/band_cascade_variants.h"
 
 namespace {
 
 constexpr BandKernels kKernels[] = {
-    {runCascadeSse2, runBandStereo},
-    {runCascadeAvx2, runBandStereo},
-    {runCascadeAvx512, runBandStereo},
+    {runCascadeSse2, runGlideCascadeSse2, runBandStereo},
+    {runCascadeAvx2, runGlideCascadeAvx2, runBandStereo},
+    {runCascadeAvx512, runGlideCascadeAvx512, runBandStereo},
 };
 constexpr const char* kNames[] = {"SSE2", "AVX2", "AVX-512"};
 
@@ -17,17 +21,22 @@ InstructionSet widestAvailable() {
     return InstructionSet::Sse2;
 }
 
-// Chosen while the library loads, so the audio thread only reads it.
+// Chosen while the library loads, so the audio thread only reads it (before
+// that, the zero of static storage stands for SSE2).
 const InstructionSet kFastest = widestAvailable();
+std::atomic<const BandKernels*> chosenByTest{nullptr};
 
 }  // namespace
 
 bool instructionSetAvailable(InstructionSet set) {
     __builtin_cpu_init();
     switch (set) {
-        case InstructionSet::Sse2: return true;
-        case InstructionSet::Avx2: return __builtin_cpu_supports("avx2");
-        case InstructionSet::Avx512: return __builtin_cpu_supports("avx512f");
+        case InstructionSet::Sse2:
+            return true;
+        case InstructionSet::Avx2:
+            return __builtin_cpu_supports("avx2");
+        case InstructionSet::Avx512:
+            return __builtin_cpu_supports("avx512f");
     }
     return false;
 }
@@ -38,6 +47,15 @@ const BandKernels& bandKernelsFor(InstructionSet set) {
 
 InstructionSet fastestInstructionSet() { return kFastest; }
 
-const BandKernels& fastestBandKernels() { return bandKernelsFor(kFastest); }
+const BandKernels& activeBandKernels() {
+    const BandKernels* chosen = chosenByTest.load(std::memory_order_relaxed);
+    return chosen ? *chosen : bandKernelsFor(kFastest);
+}
+
+bool useInstructionSet(InstructionSet set) {
+    if (!instructionSetAvailable(set)) return false;
+    chosenByTest.store(&bandKernelsFor(set), std::memory_order_relaxed);
+    return true;
+}
 
 const char* instructionSetName(InstructionSet set) { return kNames[static_cast<int32_t>(set)]; }

@@ -43,6 +43,11 @@ uint64_t bits(double value) { return std::bit_cast<uint64_t>(value); }
 
 void PrintTo(InstructionSet set, std::ostream* out) { *out << instructionSetName(set); }
 
+std::string instructionSetTestName(const testing::TestParamInfo<InstructionSet>& info) {
+    constexpr const char* kNames[] = {"Sse2", "Avx2", "Avx512"};
+    return kNames[static_cast<int32_t>(info.param)];
+}
+
 std::vector<InstructionSet> runnableInstructionSets() {
     std::vector<InstructionSet> sets;
     for (InstructionSet set : {InstructionSet::Sse2, InstructionSet::Avx2, InstructionSet::Avx512})
@@ -114,10 +119,18 @@ void expectSameBits(const std::vector<double>& actual, const std::vector<double>
 }
 
 void expectSameBand(const EqBand& actual, const EqBand& expected, int32_t index) {
-    const double EqBand::*kFields[] = {
-        &EqBand::a1,        &EqBand::a2,        &EqBand::b0,            &EqBand::b1,
-        &EqBand::b2,        &EqBand::frequency, &EqBand::gain,          &EqBand::bandwidth,
-        &EqBand::glideFrequency, &EqBand::glideGain, &EqBand::glideBandwidth, &EqBand::sampleRate};
+    const double EqBand::*kFields[] = {&EqBand::a1,
+                                       &EqBand::a2,
+                                       &EqBand::b0,
+                                       &EqBand::b1,
+                                       &EqBand::b2,
+                                       &EqBand::frequency,
+                                       &EqBand::gain,
+                                       &EqBand::bandwidth,
+                                       &EqBand::glideFrequency,
+                                       &EqBand::glideGain,
+                                       &EqBand::glideBandwidth,
+                                       &EqBand::sampleRate};
     for (auto field : kFields)
         ASSERT_EQ(bits(actual.*field), bits(expected.*field)) << "band " << index;
     const BiquadHistory* histories[2][2] = {{&actual.historyLeft, &expected.historyLeft},

@@ -3,9 +3,12 @@
 // rule exists for, and bit-for-bit comparisons of samples and band records.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <ostream>
 #include <random>
+#include <string>
 #include <vector>
 
 #include "engine/band_cascade.h"
@@ -15,6 +18,9 @@ using Random = std::mt19937_64;
 
 // Test names and messages show the set by name.
 void PrintTo(InstructionSet set, std::ostream* out);
+
+// Parameter names for test suites instantiated over the runnable sets.
+std::string instructionSetTestName(const testing::TestParamInfo<InstructionSet>& info);
 
 // The sets this processor runs, SSE2 first.
 std::vector<InstructionSet> runnableInstructionSets();

@@ -1,0 +1,118 @@
+// The registers of a group of bands filtered together, and the per-lane
+// arithmetic they share: bands packed as left/right lane pairs, two lanes per
+// band, with the sum of runBandKernelScalar operation for operation so that
+// the results are the same bits. Instantiated once per instruction set,
+// inside functions compiled for that set.
+#pragma once
+
+#include <emmintrin.h>
+
+#include <cstdint>
+
+#include "engine/eq_band.h"
+
+#define OMBRO_UNROLL _Pragma("GCC unroll 8")
+
+namespace band_cascade {
+
+// Registers of one group of bands; slots past the last real band are padding
+// that runs on zero coefficients and is never stored back.
+template <class Lanes, int32_t kRegisters>
+struct GroupRegisters {
+    using Vector = typename Lanes::Vector;
+    Vector b0[kRegisters], b1[kRegisters], b2[kRegisters], a1[kRegisters], a2[kRegisters];
+    Vector x1[kRegisters], x2[kRegisters], y1[kRegisters], y2[kRegisters];
+};
+
+// The lane image of a group: one row per band field, two lanes per band.
+template <class Lanes, int32_t kRegisters>
+struct GroupLanes {
+    static constexpr int32_t kLanes = kRegisters * Lanes::kWidth;
+    enum Row { B0, B1, B2, A1, A2, X1, X2, Y1, Y2, RowCount };
+    alignas(64) double rows[RowCount][kLanes];
+
+    static void put(double* row, int32_t slot, double left, double right) {
+        row[2 * slot] = left;
+        row[2 * slot + 1] = right;
+    }
+
+    void gather(EqBand* const* bands, int32_t count) {
+        for (auto& row : rows)
+            for (double& lane : row) lane = 0.0;
+        for (int32_t slot = 0; slot < count; ++slot) {
+            const EqBand& band = *bands[slot];
+            const BiquadHistory &left = band.historyLeft, &right = band.historyRight;
+            put(rows[B0], slot, band.b0, band.b0);
+            put(rows[B1], slot, band.b1, band.b1);
+            put(rows[B2], slot, band.b2, band.b2);
+            put(rows[A1], slot, band.a1, band.a1);
+            put(rows[A2], slot, band.a2, band.a2);
+            put(rows[X1], slot, left.x1, right.x1);
+            put(rows[X2], slot, left.x2, right.x2);
+            put(rows[Y1], slot, left.y1, right.y1);
+            put(rows[Y2], slot, left.y2, right.y2);
+        }
+    }
+
+    void scatter(EqBand* const* bands, int32_t count) const {
+        for (int32_t slot = 0; slot < count; ++slot) {
+            int32_t left = 2 * slot, right = left + 1;
+            bands[slot]->historyLeft = {rows[X1][left], rows[X2][left], rows[Y1][left],
+                                        rows[Y2][left]};
+            bands[slot]->historyRight = {rows[X1][right], rows[X2][right], rows[Y1][right],
+                                         rows[Y2][right]};
+        }
+    }
+
+    void loadInto(GroupRegisters<Lanes, kRegisters>& g) const {
+        OMBRO_UNROLL
+        for (int32_t r = 0; r < kRegisters; ++r) {
+            const int32_t lane = r * Lanes::kWidth;
+            g.b0[r] = Lanes::load(&rows[B0][lane]);
+            g.b1[r] = Lanes::load(&rows[B1][lane]);
+            g.b2[r] = Lanes::load(&rows[B2][lane]);
+            g.a1[r] = Lanes::load(&rows[A1][lane]);
+            g.a2[r] = Lanes::load(&rows[A2][lane]);
+            g.x1[r] = Lanes::load(&rows[X1][lane]);
+            g.x2[r] = Lanes::load(&rows[X2][lane]);
+            g.y1[r] = Lanes::load(&rows[Y1][lane]);
+            g.y2[r] = Lanes::load(&rows[Y2][lane]);
+        }
+    }
+
+    void storeFrom(const GroupRegisters<Lanes, kRegisters>& g) {
+        OMBRO_UNROLL
+        for (int32_t r = 0; r < kRegisters; ++r) {
+            const int32_t lane = r * Lanes::kWidth;
+            Lanes::store(&rows[X1][lane], g.x1[r]);
+            Lanes::store(&rows[X2][lane], g.x2[r]);
+            Lanes::store(&rows[Y1][lane], g.y1[r]);
+            Lanes::store(&rows[Y2][lane], g.y2[r]);
+        }
+    }
+};
+
+// b0·x + b1·x1 + b2·x2 − a1·y1 − a2·y2, summed in that order (not yet flushed).
+template <class Lanes>
+inline typename Lanes::Vector biquadSum(typename Lanes::Vector b0, typename Lanes::Vector b1,
+                                        typename Lanes::Vector b2, typename Lanes::Vector a1,
+                                        typename Lanes::Vector a2, typename Lanes::Vector x,
+                                        typename Lanes::Vector x1, typename Lanes::Vector x2,
+                                        typename Lanes::Vector y1, typename Lanes::Vector y2) {
+    using L = Lanes;
+    typename L::Vector sum = L::add(L::multiply(b0, x), L::multiply(b1, x1));
+    sum = L::add(sum, L::multiply(b2, x2));
+    sum = L::subtract(sum, L::multiply(a1, y1));
+    return L::subtract(sum, L::multiply(a2, y2));
+}
+
+static inline __m128d loadStereo(const double* left, const double* right, int32_t frame) {
+    return _mm_loadh_pd(_mm_load_sd(left + frame), right + frame);
+}
+
+static inline void storeStereo(double* left, double* right, int32_t frame, __m128d pair) {
+    _mm_storel_pd(left + frame, pair);
+    _mm_storeh_pd(right + frame, pair);
+}
+
+}  // namespace band_cascade
