@@ -6,6 +6,7 @@
 
 #include "host/raster/canvas.h"
 #include "host/ui/dialog_items.h"
+#include "host/ui/fader.h"
 #include "host/ui/host_clock.h"
 #include "host/ui/host_windows.h"
 #include "host/ui/input_injection.h"
@@ -100,6 +101,14 @@ TEST_F(EditorSession, TypedOutputGainMovesTheOutputFader) {
     typeIntoEdit(GetDlgItem(editor, kOutputGainBox), "-6");
     // −6 dB on the host's fader curve: 550 (−10 dB) + 200 × 4/10.
     EXPECT_EQ(SendMessage(GetDlgItem(editor, kOutputFader), TBM_GETPOS, 0, 0), 630);
+}
+
+TEST_F(EditorSession, DraggingTheOutputFaderWritesTheGainBox) {
+    HWND fader = GetDlgItem(editor, kOutputFader);
+    // Fader position 550 is −10 dB on the host's fader curve.
+    ASSERT_TRUE(dragFaderTo(fader, 550));
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 550);
+    EXPECT_EQ(itemText(editor, kOutputGainBox), "-10.0");
 }
 
 TEST_F(EditorSession, RightClickOnTheGraphOffersTheContextMenu) {
