@@ -1,0 +1,172 @@
+// The editor's buttons and view switches, and what the host hears of them,
+// in order.
+#include <string>
+#include <vector>
+
+#include "host/ui/input_injection.h"
+#include "plugin/parameters.h"
+#include "plugin/ui_layer.h"
+#include "tests/editor/editor_dialog_fixture.h"
+
+namespace {
+
+constexpr int kTabs = 1026;
+constexpr int kAddBand = 1018;
+constexpr int kRemoveBand = 1019;
+constexpr int kResetDefaults = 1020;
+constexpr int kShowGrid = 1022;
+constexpr int kShowPhase = 1024;
+constexpr int kPanelGainEdit = 1020;
+
+using Texts = std::vector<std::string>;
+
+class EditorCommandsTest : public EditorDialogTest {
+protected:
+    void SetUp() override {
+        EditorDialogTest::SetUp();
+        openEditorIn(kHostWidth, kHostHeight);
+        clearNotices();
+    }
+    void click(int id) { ASSERT_TRUE(kobal_layer::clickButton(control(id))); }
+    void selectTab(int index) { ASSERT_TRUE(kobal_layer::clickTab(control(kTabs), index)); }
+};
+
+bool isListChange(const HostNotice& notice, int32_t first, int32_t delta) {
+    return notice.opcode == audioMasterVendorSpecific && notice.paramListChange &&
+           notice.paramListChange->first == first && notice.paramListChange->delta == delta;
+}
+
+bool isHostChanged(const HostNotice& notice) {
+    return notice.opcode == audioMasterAutomate && notice.index == -1 && notice.opt == 0.0f;
+}
+
+TEST_F(EditorCommandsTest, AddBandAppendsAFlatBellSelectsItAndTellsTheHost) {
+    click(kAddBand);
+    ASSERT_EQ(instance->bandCount(), 5);
+    EXPECT_EQ(instance->selectedBand, 4);
+    EXPECT_EQ(instance->effect.numParams, 15);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
+    EXPECT_EQ(currentTab(), 4);
+    const BandSnapshot added = snapshotBand(instance, 4);
+    EXPECT_EQ(added.type, Band);
+    EXPECT_EQ(added.frequency, 700.0);
+    EXPECT_EQ(added.gain, 1.0);
+    EXPECT_EQ(added.bandwidth, 2.0);
+    EXPECT_NE(added.enabled, 0);
+    const std::vector<HostNotice> sent = notices();
+    ASSERT_EQ(sent.size(), 2u);
+    EXPECT_TRUE(isListChange(sent[0], 12, 3));
+    EXPECT_TRUE(isHostChanged(sent[1]));
+}
+
+TEST_F(EditorCommandsTest, AddBandFirstClosesTheOpenEditGesture) {
+    kobal_layer::typeIntoEdit(panelControl(kPanelGainEdit), "3");
+    clearNotices();
+    click(kAddBand);
+    const std::vector<HostNotice> sent = notices();
+    ASSERT_EQ(sent.size(), 3u);
+    EXPECT_EQ(sent[0].opcode, audioMasterEndEdit);
+    EXPECT_EQ(sent[0].index, 1);
+    EXPECT_TRUE(isListChange(sent[1], 12, 3));
+    EXPECT_TRUE(isHostChanged(sent[2]));
+    EXPECT_EQ(instance->gestureParam, -1);
+}
+
+TEST_F(EditorCommandsTest, RemovingABandInTheMiddleKeepsItsIndexForTheNextBand) {
+    selectTab(1);
+    click(kRemoveBand);
+    ASSERT_EQ(instance->bandCount(), 3);
+    EXPECT_EQ(instance->selectedBand, 1);
+    EXPECT_EQ(snapshotBand(instance, 1).frequency, 1000.0);  // formerly band index 2
+    EXPECT_EQ(instance->effect.numParams, 9);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3"}));
+    EXPECT_EQ(currentTab(), 1);
+    EXPECT_EQ(instance->suspendSetParameter, 0);
+    const std::vector<HostNotice> sent = notices();
+    ASSERT_EQ(sent.size(), 2u);
+    EXPECT_TRUE(isListChange(sent[0], 3, -3));
+    EXPECT_TRUE(isHostChanged(sent[1]));
+}
+
+TEST_F(EditorCommandsTest, RemovingTheLastBandSelectsTheOneBeforeIt) {
+    selectTab(3);
+    click(kRemoveBand);
+    EXPECT_EQ(instance->bandCount(), 3);
+    EXPECT_EQ(instance->selectedBand, 2);
+    EXPECT_EQ(currentTab(), 2);
+    EXPECT_TRUE(isListChange(notices().at(0), 9, -3));
+}
+
+TEST_F(EditorCommandsTest, TheLastRemainingBandCannotBeRemoved) {
+    for (int i = 0; i < 3; ++i) click(kRemoveBand);
+    ASSERT_EQ(instance->bandCount(), 1);
+    clearNotices();
+    click(kRemoveBand);
+    EXPECT_EQ(instance->bandCount(), 1);
+    EXPECT_EQ(instance->effect.numParams, 3);
+    EXPECT_EQ(tabTexts(), (Texts{"1"}));
+    EXPECT_EQ(instance->selectedBand, 0);
+    EXPECT_TRUE(notices().empty());
+}
+
+TEST_F(EditorCommandsTest, ResetDefaultsAfterAnAddTellsTheHostOfTheShorterList) {
+    click(kAddBand);
+    click(kAddBand);
+    clearNotices();
+    click(kResetDefaults);
+    EXPECT_EQ(instance->bandCount(), 4);
+    EXPECT_EQ(instance->effect.numParams, 12);
+    EXPECT_EQ(instance->selectedBand, 0);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4"}));
+    EXPECT_EQ(currentTab(), 0);
+    const std::vector<HostNotice> sent = notices();
+    ASSERT_EQ(sent.size(), 2u);
+    EXPECT_TRUE(isListChange(sent[0], 12, -6));
+    EXPECT_TRUE(isHostChanged(sent[1]));
+}
+
+TEST_F(EditorCommandsTest, ResetDefaultsAfterARemovalTellsTheHostOfTheLongerList) {
+    click(kRemoveBand);
+    clearNotices();
+    click(kResetDefaults);
+    EXPECT_TRUE(isListChange(notices().at(0), 9, 3));
+    EXPECT_EQ(snapshotBand(instance, 0).type, LowShelf);
+    EXPECT_EQ(snapshotBand(instance, 0).frequency, 100.0);
+}
+
+TEST_F(EditorCommandsTest, ResetDefaultsAtTheSameCountOnlyReportsAChange) {
+    kobal_layer::typeIntoEdit(panelControl(kPanelGainEdit), "5");
+    ASSERT_NE(snapshotBand(instance, 0).gain, 1.0);
+    clearNotices();
+    click(kResetDefaults);
+    EXPECT_EQ(snapshotBand(instance, 0).gain, 1.0);
+    const std::vector<HostNotice> sent = notices();
+    ASSERT_EQ(sent.size(), 2u);
+    EXPECT_EQ(sent[0].opcode, audioMasterEndEdit);
+    EXPECT_TRUE(isHostChanged(sent[1]));
+}
+
+TEST_F(EditorCommandsTest, ViewSwitchesSetTheirFlagsAndTellTheHost) {
+    click(kShowGrid);
+    EXPECT_EQ(instance->showGrid, 0);
+    click(kShowPhase);
+    EXPECT_EQ(instance->viewFlags & 1, 1);
+    click(kShowPhase);
+    EXPECT_EQ(instance->viewFlags & 1, 0);
+    click(kShowGrid);
+    EXPECT_EQ(instance->showGrid, 1);
+    const std::vector<HostNotice> sent = notices();
+    ASSERT_EQ(sent.size(), 4u);
+    for (const HostNotice& notice : sent) EXPECT_TRUE(isHostChanged(notice));
+}
+
+TEST_F(EditorCommandsTest, CheckBoxesShowTheInstanceFlagsWhenOpened) {
+    instance->showGrid = 0;
+    instance->viewFlags = 1;
+    reopenEditor();
+    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowGrid), BST_UNCHECKED);
+    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowPhase), BST_CHECKED);
+    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), 1029), BST_CHECKED);
+}
+
+}  // namespace

@@ -1,0 +1,144 @@
+// The tab strip, the show-tabs layout and the editor's size in its parent.
+#include <string>
+#include <vector>
+
+#include "editor/editor_messages.h"
+#include "engine/band_list.h"
+#include "engine/band_removal.h"
+#include "host/ui/input_injection.h"
+#include "plugin/ui_layer.h"
+#include "tests/editor/editor_dialog_fixture.h"
+
+namespace {
+
+constexpr int kTabs = 1026;
+constexpr int kGraph = 1023;
+constexpr int kRemoveBand = 1019;
+constexpr int kShowTabs = 1029;
+constexpr int kPanelFrequencyEdit = 1019;
+
+// The editor dialog resource's size in pixels.
+constexpr int kEditorMinWidth = 596;
+constexpr int kEditorMinHeight = 368;
+
+using Texts = std::vector<std::string>;
+
+class EditorTabsTest : public EditorDialogTest {
+protected:
+    void SetUp() override {
+        EditorDialogTest::SetUp();
+        openEditorIn(kHostWidth, kHostHeight);
+        clearNotices();
+    }
+    void refresh() { kobal::SendMessage(editor(), WM_REFRESH_EDITOR, 0, 0); }
+    void appendFlatBand() {
+        ASSERT_TRUE(appendBand(instance, createDesignedBand(Band, 2000.0, 1.0, 1.0,
+                                                            instance->sampleRate)));
+    }
+};
+
+TEST_F(EditorTabsTest, OpeningShowsOneNumberedTabPerBandWithTheFirstCurrent) {
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4"}));
+    EXPECT_EQ(currentTab(), 0);
+}
+
+TEST_F(EditorTabsTest, RefreshDeletesTabsBeyondTheBandCount) {
+    ASSERT_TRUE(removeBandAt(instance, 3));
+    HWND tabs = control(kTabs);
+    TCITEM item{};
+    item.mask = TCIF_TEXT;
+    char surplus[] = "5";
+    item.pszText = surplus;
+    kobal::TabCtrl_InsertItem(tabs, 4, &item);
+    ASSERT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
+    refresh();
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3"}));
+}
+
+TEST_F(EditorTabsTest, RefreshAppendsTheMissingTabsInBandOrder) {
+    appendFlatBand();
+    HWND tabs = control(kTabs);
+    kobal::TabCtrl_DeleteItem(tabs, 3);
+    kobal::TabCtrl_DeleteItem(tabs, 2);
+    ASSERT_EQ(tabTexts(), (Texts{"1", "2"}));
+    refresh();
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
+}
+
+TEST_F(EditorTabsTest, ClickingATabSelectsItsBandAndThePanelFollowsOnTheNextTick) {
+    ASSERT_TRUE(kobal_layer::clickTab(control(kTabs), 2));
+    EXPECT_EQ(instance->selectedBand, 2);
+    advanceClock(40);
+    EXPECT_EQ(text(panelControl(kPanelFrequencyEdit)), "1000.0");
+}
+
+TEST_F(EditorTabsTest, HidingTabsHidesStripAndPanelAndExtendsGraphToAboveTheButtons) {
+    const RECT graphWithTabs = rectOf(control(kGraph));
+    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabs)));
+    EXPECT_EQ(instance->showTabs, 0);
+    EXPECT_FALSE(isShown(control(kTabs)));
+    EXPECT_FALSE(isShown(panel()));
+    const RECT graph = rectOf(control(kGraph));
+    const RECT button = rectOf(control(kRemoveBand));
+    EXPECT_EQ(graph.bottom, button.top - 4);
+    EXPECT_EQ(graph.top, graphWithTabs.top);
+    EXPECT_EQ(graph.right, graphWithTabs.right);
+    ASSERT_EQ(notices().size(), 1u);
+    EXPECT_EQ(notices()[0].opcode, audioMasterAutomate);
+    EXPECT_EQ(notices()[0].index, -1);
+
+    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabs)));
+    EXPECT_EQ(instance->showTabs, 1);
+    EXPECT_TRUE(isShown(control(kTabs)));
+    EXPECT_TRUE(isShown(panel()));
+    const RECT restored = rectOf(control(kGraph));
+    EXPECT_EQ(restored.bottom, graphWithTabs.bottom);
+    EXPECT_EQ(restored.top, graphWithTabs.top);
+}
+
+TEST_F(EditorTabsTest, HiddenTabsStayHiddenAfterAReopen) {
+    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabs)));
+    reopenEditor();
+    EXPECT_FALSE(isShown(control(kTabs)));
+    EXPECT_FALSE(isShown(panel()));
+    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowTabs), BST_UNCHECKED);
+    EXPECT_EQ(rectOf(control(kGraph)).bottom, rectOf(control(kRemoveBand)).top - 4);
+}
+
+TEST_F(EditorTabsTest, EditorFillsItsParentAndRemembersTheSize) {
+    const RECT own = rectOf(editor());
+    EXPECT_EQ(own.right, kHostWidth);
+    EXPECT_EQ(own.bottom, kHostHeight);
+    EXPECT_EQ(instance->editorWidth, kHostWidth - own.left);
+    EXPECT_EQ(instance->editorHeight, kHostHeight - own.top);
+}
+
+class SmallParentTest : public EditorDialogTest {};
+
+TEST_F(SmallParentTest, ParentSmallerThanTheDialogLeavesTheEditorAtItsMinimum) {
+    openEditorIn(300, 200);
+    RECT client{};
+    kobal::GetClientRect(editor(), &client);
+    EXPECT_EQ(client.right, kEditorMinWidth);
+    EXPECT_EQ(client.bottom, kEditorMinHeight);
+    EXPECT_EQ(instance->editorWidth, kEditorMinWidth);
+    EXPECT_EQ(instance->editorHeight, kEditorMinHeight);
+}
+
+TEST_F(SmallParentTest, RememberedSizeIsTakenAtOnceOnTheNextOpen) {
+    instance->editorWidth = 800;
+    instance->editorHeight = 500;
+    openEditorIn(kHostWidth, kHostHeight);
+    // No first sizing pass was posted: the remembered size holds until the
+    // poll timer fits the editor to its parent.
+    RECT client{};
+    kobal::GetClientRect(editor(), &client);
+    EXPECT_EQ(client.right, 800);
+    EXPECT_EQ(client.bottom, 500);
+    advanceClock(40);
+    kobal::GetClientRect(editor(), &client);
+    EXPECT_EQ(client.right, kHostWidth);
+    EXPECT_EQ(instance->editorWidth, kHostWidth);
+}
+
+}  // namespace
