@@ -71,14 +71,11 @@ TEST_F(FreshInstance, DisplaysDefaultBandValues) {
         EXPECT_EQ(session_->parameterDisplay(index), displays[index]) << index;
 }
 
-
 TEST_F(FreshInstance, CanAutomateExactlyItsParameters) {
     EXPECT_EQ(session_->dispatch(effCanBeAutomated, 0), 1);
     EXPECT_EQ(session_->dispatch(effCanBeAutomated, 11), 1);
     EXPECT_EQ(session_->dispatch(effCanBeAutomated, 12), 0);
     EXPECT_EQ(session_->dispatch(effCanBeAutomated, -1), 0);
 }
-
-
 
 }  // namespace

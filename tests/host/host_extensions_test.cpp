@@ -38,7 +38,6 @@ TEST(ExtensionTable, AnswersNullForUnknownNames) {
     EXPECT_EQ(findHostExtension(nullptr), nullptr);
 }
 
-
 TEST(ConfigVariable, OctaveOffsetIsAFourByteIntegerFollowingTheHost) {
     auto getConfigVar = reinterpret_cast<GetConfigVarProc>(findHostExtension("get_config_var"));
     int size = 0;

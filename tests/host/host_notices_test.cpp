@@ -55,8 +55,6 @@ TEST_F(HostNotices, OutputGainRequestIsReportedAsAStructuralChange) {
     EXPECT_DOUBLE_EQ(output.left.back(), 0.25);
 }
 
-
-
 TEST_F(HostNotices, NoticesGoToTheInstanceThatSentThem) {
     auto other = openTestSession();
     ASSERT_NE(other, nullptr);

@@ -75,7 +75,6 @@ TEST(StateChunk, LoadedBandsBecomeTheParameterList) {
     EXPECT_EQ(session->chunk(), fiveBands);
 }
 
-
 TEST(StateChunk, ChunkWithoutTrailerLoadsItsBandsAndKeepsTheSettings) {
     auto session = openTestSession();
     ASSERT_NE(session, nullptr);
