@@ -1,0 +1,169 @@
+// The live spectra: the curve through the level points, where it ends on
+// the frequency axis, and when the paint shows it at all.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <vector>
+
+#include "contracts/mura.h"
+#include "engine/audio_processing.h"
+#include "engine/spectrum_analyzer.h"
+#include "host/ui/host_clock.h"
+#include "plugin/host_imports.h"
+#include "plugin/ui_layer.h"
+#include "tests/editor/response_view_fixture.h"
+#include "view/spectrum_curve.h"
+
+namespace {
+
+constexpr uint32_t kBlack = 0xff000000;
+
+std::vector<float> columnsThrough(const std::vector<SpectrumPoint>& points, int width,
+                                  int* last = nullptr) {
+    std::vector<float> columns(width + 4, -1.0f);
+    const int end = interpolateSpectrumColumns(points.data(), static_cast<int>(points.size()),
+                                               width, columns.data());
+    if (last) *last = end;
+    return columns;
+}
+
+TEST(SpectrumCurveColumns, TwoPointsGiveAStraightLine) {
+    int last = 0;
+    const std::vector<float> c = columnsThrough({{0, 10.0f}, {10, 20.0f}}, 20, &last);
+    EXPECT_EQ(last, 10);
+    for (int k = 0; k < 10; ++k) EXPECT_EQ(c[k], 10.0f + k) << k;
+    EXPECT_EQ(c[10], -1.0f);  // nothing past the last point
+}
+
+TEST(SpectrumCurveColumns, EqualLevelsStayFlat) {
+    const std::vector<float> c = columnsThrough({{0, 5.0f}, {4, 5.0f}, {8, 5.0f}, {12, 5.0f}}, 20);
+    for (int k = 0; k < 12; ++k) EXPECT_EQ(c[k], 5.0f) << k;
+}
+
+TEST(SpectrumCurveColumns, InnerPointsBendTheCurveBetweenMidpoints) {
+    int last = 0;
+    const std::vector<float> c = columnsThrough({{0, 0.0f}, {10, 10.0f}, {20, 0.0f}}, 30, &last);
+    EXPECT_EQ(last, 20);
+    for (int k = 0; k < 5; ++k) EXPECT_EQ(c[k], static_cast<float>(k)) << k;
+    for (int k = 5; k < 15; ++k) {
+        const double t = (k - 5) / 10.0;  // the control point lies midway: t is linear
+        EXPECT_FLOAT_EQ(c[k], static_cast<float>(5.0 + 10.0 * t * (1.0 - t))) << k;
+    }
+    for (int k = 15; k < 20; ++k) EXPECT_EQ(c[k], static_cast<float>(5.0 - (k - 15))) << k;
+}
+
+TEST(SpectrumCurveColumns, NeverWritesPastTheWidth) {
+    const std::vector<float> c = columnsThrough({{0, 1.0f}, {3, 2.0f}, {9, 3.0f}}, 6);
+    for (int k = 6; k < 10; ++k) EXPECT_EQ(c[k], -1.0f) << k;
+    EXPECT_EQ(interpolateSpectrumColumns(nullptr, 0, 6, nullptr), 0);
+}
+
+class SpectrumDisplayTest : public ResponseViewTest {
+protected:
+    void SetUp() override {
+        ResponseViewTest::SetUp();
+        bitmap.reset(hostExtensions.createBitmap(1, 600, 240));
+        ASSERT_TRUE(bitmap);
+    }
+    // Levels that updateSpectrum hands back as they are (no new samples).
+    void setLevels(double db) {
+        SpectrumAnalyzer& analyzer = instance->outputAnalyzer;
+        analyzer.hasNewData = 0;
+        for (double& level : analyzer.levelsDb) level = db;
+    }
+    void draw(double topFrequency) {
+        drawSpectrum(instance->outputAnalyzer, bitmap.get(), 0xffffff40, 0.75, topFrequency,
+                     -120.0, 0.0);
+    }
+    uint32_t at(int x, int y) const { return bitmap->pixels()[y * bitmap->rowSpan() + x]; }
+    void processSilence() {
+        std::vector<double> buffer(512, 0.0), out(512);
+        double* inputs[] = {buffer.data(), buffer.data()};
+        double* outputs[] = {out.data(), out.data()};
+        processDoubleReplacing(&instance->effect, inputs, outputs, 512);
+    }
+    std::unique_ptr<MuraBitmap> bitmap;
+};
+
+TEST_F(SpectrumDisplayTest, CurveAtFortyFourKilohertzEndsShortOfTheRightEdge) {
+    setLevels(-60.0);  // row 120 of 240
+    draw(22050.0);
+    const double binWidth = static_cast<float>(22050.0 * 0.0009765625);
+    const int last = static_cast<int>(std::log((1023 * binWidth - 20.0) / 59.95 + 1.0) *
+                                      0.16683457378359495 * 600 + 0.5);
+    EXPECT_LT(last, 595);
+    for (int x : {0, 100, 300, last - 1}) EXPECT_NE(at(x, 120), kBlack) << x;
+    for (int x = last + 1; x < 600; ++x) EXPECT_EQ(at(x, 120), kBlack) << x;
+    EXPECT_EQ(at(300, 110), kBlack);
+}
+
+TEST_F(SpectrumDisplayTest, CurveAtNinetySixKilohertzRunsToTheRightEdge) {
+    setLevels(-60.0);
+    draw(48000.0);
+    EXPECT_NE(at(598, 120), kBlack);
+}
+
+TEST_F(SpectrumDisplayTest, BottomLevelLiesOnTheBottomEdgeAndLoudLevelsAboveTheTop) {
+    setLevels(-119.5);  // row 239, the last row of the bitmap
+    draw(22050.0);
+    EXPECT_NE(at(300, 239), kBlack);
+    hostExtensions.fillRect(bitmap.get(), 0, 0, 600, 240, 0, 1.0, 1);
+    setLevels(-120.0);  // row 240: the bottom edge, just outside
+    draw(22050.0);
+    EXPECT_EQ(at(300, 239), kBlack);
+    setLevels(10.0);
+    hostExtensions.fillRect(bitmap.get(), 0, 0, 600, 240, 0, 1.0, 1);
+    draw(22050.0);
+    EXPECT_EQ(at(300, 0), kBlack);  // drawn at row -20, off the bitmap
+}
+
+TEST_F(SpectrumDisplayTest, LevelsSharingAColumnShowTheHigherOne) {
+    setLevels(-120.0);
+    instance->outputAnalyzer.levelsDb[1000] = -90.0;
+    instance->outputAnalyzer.levelsDb[1001] = -30.0;  // same column as 1000
+    draw(22050.0);
+    const int x = static_cast<int>(
+        std::log((1001 * static_cast<double>(static_cast<float>(22050.0 * 0.0009765625)) - 20.0) /
+                     59.95 + 1.0) * 0.16683457378359495 * 600 + 0.5);
+    int highest = 240;
+    for (int y = 0; y < 240; ++y)
+        if (at(x, y) != kBlack) {
+            highest = y;
+            break;
+        }
+    EXPECT_LT(highest, 120);  // the -30 dB level (row 60) pulls the curve up
+}
+
+TEST_F(SpectrumDisplayTest, NarrowBitmapsGetNoSpectrum) {
+    setLevels(-60.0);
+    bitmap->resize(4, 240);
+    hostExtensions.fillRect(bitmap.get(), 0, 0, 4, 240, 0, 1.0, 1);
+    draw(22050.0);
+    for (int x = 0; x < 4; ++x) EXPECT_EQ(at(x, 120), kBlack);
+}
+
+TEST_F(SpectrumDisplayTest, NoAudioMeansNoSpectrumAndClearedTicks) {
+    openView(600, 120);
+    paint();
+    EXPECT_EQ(instance->spectrumTick.load(), 0u);
+    EXPECT_EQ(instance->spectrumDrawnTick, 0u);
+}
+
+TEST_F(SpectrumDisplayTest, SpectraShowForOneSecondAfterTheLastBlock) {
+    openView(600, 120);
+    processSilence();
+    const uint32_t tick = instance->spectrumTick.load();
+    ASSERT_NE(tick, 0u);
+    paint();
+    EXPECT_EQ(instance->spectrumDrawnTick, tick);
+    kobal_layer::advanceTestClock(999);
+    paint();
+    EXPECT_EQ(instance->spectrumTick.load(), tick);
+    kobal_layer::advanceTestClock(1);
+    paint();
+    EXPECT_EQ(instance->spectrumTick.load(), 0u);
+    EXPECT_EQ(instance->spectrumDrawnTick, 0u);
+}
+
+}  // namespace
