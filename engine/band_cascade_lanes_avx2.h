@@ -19,21 +19,27 @@ struct Avx2Lanes {
     static Vector subtract(Vector a, Vector b) { return _mm256_sub_pd(a, b); }
     static Vector multiply(Vector a, Vector b) { return _mm256_mul_pd(a, b); }
 
-    // Lanes that flushTiny keeps: exponent field + 1, mod 2048, at least 970.
-    static __m256i kept(Vector y) {
-        const __m256i exponentOne = _mm256_set1_epi64x(int64_t{1} << 52);
-        const __m256i exponentField = _mm256_set1_epi64x(int64_t{0x7FF} << 52);
-        const __m256i lastFlushed = _mm256_set1_epi64x(int64_t{969} << 52);
-        __m256i field =
-            _mm256_and_si256(_mm256_add_epi64(_mm256_castpd_si256(y), exponentOne), exponentField);
-        return _mm256_cmpgt_epi64(field, lastFlushed);
+    // Lanes that flushTiny clears: unless the biased exponent field is in
+    // [969, 2046] (the field plus one, mod 2048, at least 970). On the bits
+    // shifted left by one (sign gone, field on top) the kept ones are one
+    // unsigned range, tested with a signed comparison after moving the range
+    // to start at the most negative value.
+    static __m256i flushed(Vector y) {
+        const __m256i toRangeStart =
+            _mm256_set1_epi64x(static_cast<int64_t>((uint64_t{1} << 63) - (uint64_t{969} << 53)));
+        const __m256i lastInRange = _mm256_set1_epi64x(
+            static_cast<int64_t>((uint64_t{2047 - 969} << 53) + (uint64_t{1} << 63) - 1));
+        __m256i shifted = _mm256_slli_epi64(_mm256_castpd_si256(y), 1);
+        return _mm256_cmpgt_epi64(_mm256_add_epi64(shifted, toRangeStart), lastInRange);
     }
-    static Vector flushTiny(Vector y) { return _mm256_and_pd(y, _mm256_castsi256_pd(kept(y))); }
+    static Vector flushTiny(Vector y) {
+        return _mm256_andnot_pd(_mm256_castsi256_pd(flushed(y)), y);
+    }
 
     // The bits flushTiny would clear: nonzero only where flushing changes y.
     using Stray = __m256i;
     static Stray strayBits(Vector y) {
-        return _mm256_andnot_si256(kept(y), _mm256_castpd_si256(y));
+        return _mm256_and_si256(flushed(y), _mm256_castpd_si256(y));
     }
     static Stray either(Stray a, Stray b) { return _mm256_or_si256(a, b); }
     static bool any(Stray bits) { return !_mm256_testz_si256(bits, bits); }
