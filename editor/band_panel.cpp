@@ -1,7 +1,5 @@
 #include "editor/band_panel.h"
 
-#include <cstdlib>
-
 #include "editor/band_fader_scale.h"
 #include "editor/band_panel_controls.h"
 #include "editor/band_panel_texts.h"
@@ -10,6 +8,7 @@
 #include "editor/editor_messages.h"
 #include "editor/gain_scale.h"
 #include "editor/instance_dialog.h"
+#include "editor/typed_number.h"
 #include "editor/ui_update_depth.h"
 #include "plugin/eq_instance.h"
 #include "plugin/host_notices.h"
@@ -18,7 +17,6 @@
 
 namespace {
 
-constexpr int kTextLimit = 512;
 constexpr int kNoField = -1;
 constexpr LPARAM kNoKeptBox = 0;
 constexpr LONG_PTR kFrequencyFaderStyle = 3;
@@ -191,9 +189,8 @@ void switchLogScaleAutomation(EqInstance* instance, HWND panel, UINT) {
 // The typed value, read as the box's unit, replaces the field in `values`.
 void takeTypedValue(HWND panel, int field, BandValues& values) {
     static constexpr int kBoxOfField[] = {kFrequencyEdit, kGainEdit, kBandwidthEdit};
-    char text[kTextLimit] = "";
-    kobal::GetDlgItemText(panel, kBoxOfField[field], text, kTextLimit);
-    const double typed = std::strtod(text, nullptr);
+    char text[512];
+    const double typed = readTypedNumber(panel, kBoxOfField[field], text);
     switch (field) {
         case FrequencyField: values.frequency = typed; break;
         case GainField: values.gain = gainOfDb(typed); break;

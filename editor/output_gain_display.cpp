@@ -1,17 +1,12 @@
 #include "editor/output_gain_display.h"
 
-#include <cstdlib>
-
 #include "editor/gain_scale.h"
+#include "editor/typed_number.h"
 #include "editor/ui_update_depth.h"
 #include "plugin/eq_instance.h"
 #include "plugin/ui_layer.h"
 
-int uiUpdateDepth = 0;
-
 namespace {
-
-constexpr int kTextLimit = 512;
 
 void storeOutputGain(EqInstance* instance, double gain) {
     MutexLock lock(instance->mutex);
@@ -46,9 +41,8 @@ void showOutputGain(EqInstance* instance, const char* dbFormat) {
 }
 
 void takeTypedOutputGain(EqInstance* instance, HWND editor) {
-    char text[kTextLimit] = "";
-    kobal::GetDlgItemText(editor, kOutputGainEdit, text, kTextLimit);
-    const double gain = gainOfDb(std::strtod(text, nullptr));
+    char text[512];
+    const double gain = gainOfDb(readTypedNumber(editor, kOutputGainEdit, text));
     storeOutputGain(instance, gain);
     HWND fader = kobal::GetDlgItem(editor, kOutputGainFader);
     moveFader(fader, gain);

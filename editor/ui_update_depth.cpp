@@ -1,0 +1,3 @@
+#include "editor/ui_update_depth.h"
+
+int uiUpdateDepth = 0;
