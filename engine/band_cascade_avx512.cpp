@@ -8,7 +8,9 @@
 // GCC 12's own extract intrinsics start from a self-initialized "undefined"
 // register, which its uninitialized-use warning reports at every call.
 #pragma GCC diagnostic push
+#if !defined(__clang__)
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 OMBRO_BEGIN_TARGET("avx512f")
 #include "engine/band_cascade_glide_pipeline.h"
 #include "engine/band_cascade_lanes_avx512.h"

@@ -11,7 +11,7 @@
 
 #include "engine/band_cascade.h"
 
-constexpr int32_t kGlideBatchChunks = 32;
+constexpr int32_t kGlideBatchChunks = 64;
 constexpr int32_t kGlideGroupBands = 8;
 
 // `rule.begin(band, frames)` gives the band's glide increments for a block of

@@ -33,7 +33,10 @@ public:
         lanes.loadInto(g);
         for (int32_t step = 0; step < steps_.steps(); ++step) {
             if (step % kGlideChunkFrames == 0) switchDesigns(g, step / kGlideChunkFrames);
-            steps_.maskedStep(g, step);
+            if (step >= steps_.fullBegin() && step < steps_.fullEnd())
+                steps_.fullStep(g, step);
+            else
+                steps_.maskedStep(g, step);
         }
         lanes.storeFrom(g);
         lanes.scatter(bands, count_);

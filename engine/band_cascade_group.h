@@ -115,4 +115,38 @@ static inline void storeStereo(double* left, double* right, int32_t frame, __m12
     _mm_storeh_pd(right + frame, pair);
 }
 
+// The unflushed outputs of every register for the inputs x.
+template <class Lanes, int32_t kRegisters>
+inline void sumAll(const GroupRegisters<Lanes, kRegisters>& g,
+                   const typename Lanes::Vector (&x)[kRegisters],
+                   typename Lanes::Vector (&y)[kRegisters]) {
+    OMBRO_UNROLL
+    for (int32_t r = 0; r < kRegisters; ++r)
+        y[r] = biquadSum<Lanes>(g.b0[r], g.b1[r], g.b2[r], g.a1[r], g.a2[r], x[r], g.x1[r], g.x2[r],
+                                g.y1[r], g.y2[r]);
+}
+
+// Every band takes its step: y (the sums) are flushed and shifted into the
+// history. The flush is a branch that is almost never taken, which keeps it
+// off the chain from one output to the next.
+template <class Lanes, int32_t kRegisters>
+inline void advanceAll(GroupRegisters<Lanes, kRegisters>& g,
+                       const typename Lanes::Vector (&x)[kRegisters],
+                       typename Lanes::Vector (&y)[kRegisters]) {
+    typename Lanes::Stray stray = Lanes::strayBits(y[0]);
+    OMBRO_UNROLL
+    for (int32_t r = 1; r < kRegisters; ++r) stray = Lanes::either(stray, Lanes::strayBits(y[r]));
+    if (Lanes::any(stray)) [[unlikely]] {
+        OMBRO_UNROLL
+        for (int32_t r = 0; r < kRegisters; ++r) y[r] = Lanes::flushTiny(y[r]);
+    }
+    OMBRO_UNROLL
+    for (int32_t r = 0; r < kRegisters; ++r) {
+        g.x2[r] = g.x1[r];
+        g.x1[r] = x[r];
+        g.y2[r] = g.y1[r];
+        g.y1[r] = y[r];
+    }
+}
+
 }  // namespace band_cascade

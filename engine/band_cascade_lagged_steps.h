@@ -60,23 +60,32 @@ public:
     // Only the bands with a sample at this step advance.
     void maskedStep(GroupRegisters<Lanes, kRegisters>& g, int32_t step) {
         Vector(&sent)[kRegisters] = ring_[ringSlot(step)];  // the outputs of step − kLag
-        Vector x[kRegisters];
-        x[0] = Lanes::carryInPair(step < frames_ ? io_.input(step) : _mm_setzero_pd(), sent[0]);
-        OMBRO_UNROLL
-        for (int32_t r = 1; r < kRegisters; ++r) x[r] = Lanes::carryIn(sent[r - 1], sent[r]);
+        Vector x[kRegisters], y[kRegisters];
+        carryIn(step < frames_ ? io_.input(step) : _mm_setzero_pd(), sent, x);
+        sumAll(g, x, y);
         OMBRO_UNROLL
         for (int32_t r = 0; r < kRegisters; ++r) {
-            Vector y =
-                Lanes::flushTiny(biquadSum<Lanes>(g.b0[r], g.b1[r], g.b2[r], g.a1[r], g.a2[r], x[r],
-                                                  g.x1[r], g.x2[r], g.y1[r], g.y2[r]));
+            y[r] = Lanes::flushTiny(y[r]);
             Mask active = Lanes::activeAt(firstStep_[r], endStep_[r], step);
             g.x2[r] = Lanes::select(active, g.x1[r], g.x2[r]);
             g.x1[r] = Lanes::select(active, x[r], g.x1[r]);
             g.y2[r] = Lanes::select(active, g.y1[r], g.y2[r]);
-            g.y1[r] = Lanes::select(active, y, g.y1[r]);
-            sent[r] = y;
+            g.y1[r] = Lanes::select(active, y[r], g.y1[r]);
+            sent[r] = y[r];
         }
-        if (step >= io_.lastLag && step < steps()) io_.output(step, sent[kRegisters - 1]);
+        if (step >= io_.lastLag && step < steps()) io_.output(step, y[kRegisters - 1]);
+    }
+
+    // A step in which every band has a sample (fullBegin <= step < fullEnd).
+    void fullStep(GroupRegisters<Lanes, kRegisters>& g, int32_t step) {
+        Vector(&sent)[kRegisters] = ring_[ringSlot(step)];
+        Vector x[kRegisters], y[kRegisters];
+        carryIn(io_.input(step), sent, x);
+        sumAll(g, x, y);
+        advanceAll(g, x, y);
+        OMBRO_UNROLL
+        for (int32_t r = 0; r < kRegisters; ++r) sent[r] = y[r];
+        io_.output(step, y[kRegisters - 1]);
     }
 
     // After full steps ending before `end`, the outputs of its last kLag steps
@@ -91,6 +100,13 @@ public:
     }
 
 private:
+    // Each band's input: the output of the band before it, kLag steps ago.
+    static void carryIn(__m128d input, const Vector (&sent)[kRegisters], Vector (&x)[kRegisters]) {
+        x[0] = Lanes::carryInPair(input, sent[0]);
+        OMBRO_UNROLL
+        for (int32_t r = 1; r < kRegisters; ++r) x[r] = Lanes::carryIn(sent[r - 1], sent[r]);
+    }
+
     static int32_t ringSlot(int32_t step) { return (step % kLag + kLag) % kLag; }
 
     const int32_t frames_;

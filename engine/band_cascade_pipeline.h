@@ -49,9 +49,7 @@ private:
         shared = g;
     }
 
-    // Every band has a sample: the outputs of two steps ago are the y2
-    // registers. The flush is a branch that is almost never taken, which keeps
-    // it off the chain from one output to the next.
+    // Every band has a sample: the outputs of two steps ago are the y2 registers.
     static void fullStep(GroupRegisters<Lanes, kRegisters>& g,
                          const typename LaggedSteps<Lanes, kRegisters, kBandLag>::Io& io,
                          int32_t step) {
@@ -59,25 +57,8 @@ private:
         x[0] = Lanes::carryInPair(io.input(step), g.y2[0]);
         OMBRO_UNROLL
         for (int32_t r = 1; r < kRegisters; ++r) x[r] = Lanes::carryIn(g.y2[r - 1], g.y2[r]);
-        OMBRO_UNROLL
-        for (int32_t r = 0; r < kRegisters; ++r)
-            y[r] = biquadSum<Lanes>(g.b0[r], g.b1[r], g.b2[r], g.a1[r], g.a2[r], x[r], g.x1[r],
-                                    g.x2[r], g.y1[r], g.y2[r]);
-        typename Lanes::Stray stray = Lanes::strayBits(y[0]);
-        OMBRO_UNROLL
-        for (int32_t r = 1; r < kRegisters; ++r)
-            stray = Lanes::either(stray, Lanes::strayBits(y[r]));
-        if (Lanes::any(stray)) [[unlikely]] {
-            OMBRO_UNROLL
-            for (int32_t r = 0; r < kRegisters; ++r) y[r] = Lanes::flushTiny(y[r]);
-        }
-        OMBRO_UNROLL
-        for (int32_t r = 0; r < kRegisters; ++r) {
-            g.x2[r] = g.x1[r];
-            g.x1[r] = x[r];
-            g.y2[r] = g.y1[r];
-            g.y1[r] = y[r];
-        }
+        sumAll(g, x, y);
+        advanceAll(g, x, y);
         io.output(step, y[kRegisters - 1]);
     }
 
