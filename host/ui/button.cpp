@@ -52,6 +52,7 @@ LRESULT buttonProcedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam)
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
             state->pressed = true;
+            SetFocus(button);
             SetCapture(button);
             button->needsPaint = true;
             return 0;

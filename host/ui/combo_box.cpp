@@ -8,6 +8,7 @@
 #include "host/ui/control_notifications.h"
 #include "host/ui/dialog_controls.h"
 #include "host/ui/face_drawing.h"
+#include "host/ui/focus_and_capture.h"
 #include "host/ui/messages.h"
 #include "host/ui/text_and_time.h"
 
@@ -85,7 +86,8 @@ LRESULT comboProcedure(HWND combo, UINT message, WPARAM wParam, LPARAM lParam) {
         case CB_GETCURSEL: return state->selection;
         case WM_GETTEXT: return selectedText(*state, wParam, lParam);
         case WM_LBUTTONDOWN:
-            if (!state->entries.empty())
+            SetFocus(combo);
+            if (liveWindow(combo) && !state->entries.empty())
                 chooseComboEntryAsUser(
                     combo, (state->selection + 1) % static_cast<int>(state->entries.size()));
             return 0;

@@ -1,8 +1,9 @@
 // The "ComboBox" class as a drop-down list: a list of texts and a current
 // selection (−1 for none). CB_SETCURSEL selects silently; a user's choice
-// (chooseComboEntry in input_injection.h, or a click that cycles to the next
-// entry) sends CBN_SELCHANGE to the parent. The window is as tall as its
-// field; the height it was created with is the height of its open list.
+// (chooseListEntry in input_injection.h, or a click that cycles to the next
+// entry and takes the keyboard focus) sends CBN_SELCHANGE to the parent. The
+// window is as tall as its field; the height it was created with is the
+// height of its open list.
 #pragma once
 
 #include "host/ui/control_classes.h"

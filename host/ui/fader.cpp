@@ -79,6 +79,7 @@ LRESULT handleMouse(HWND fader, FaderState& state, UINT message, WPARAM wParam, 
     switch (message) {
         case WM_LBUTTONDOWN:
             state.dragging = true;
+            SetFocus(fader);
             SetCapture(fader);
             moveByUser(fader, state, pointerPosition(fader, state, lParam), SB_THUMBTRACK);
             return 0;

@@ -7,7 +7,8 @@
 // Dragging the knob (button down on the fader, moves while it holds the
 // capture, button up) sends WM_HSCROLL / WM_VSCROLL to the parent with
 // MAKEWPARAM(SB_THUMBTRACK, position) on every move and SB_ENDSCROLL at the
-// release; lParam is the fader. The wheel moves it by 1% of the range per
+// release; lParam is the fader. Pressing on the fader moves the knob under
+// the pointer and gives the fader the keyboard focus. The wheel moves it by 1% of the range per
 // notch. TBM_SETTIC with lParam −1 marks the unity-gain (0 dB) position of
 // the fader curve.
 #pragma once

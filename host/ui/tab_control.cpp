@@ -6,6 +6,7 @@
 #include "host/raster/canvas.h"
 #include "host/ui/control_notifications.h"
 #include "host/ui/face_drawing.h"
+#include "host/ui/focus_and_capture.h"
 #include "host/ui/messages.h"
 
 namespace kobal_layer {
@@ -49,7 +50,8 @@ LRESULT tabProcedure(HWND tabs, UINT message, WPARAM wParam, LPARAM lParam) {
     if (state && message == WM_LBUTTONDOWN) {
         int x = lowWord(static_cast<uintptr_t>(lParam));
         int y = highWord(static_cast<uintptr_t>(lParam));
-        clickTab(tabs, *state, tabUnder(tabs, *state, x, y));
+        SetFocus(tabs);
+        if (liveWindow(tabs)) clickTab(tabs, *state, tabUnder(tabs, *state, x, y));
         return 0;
     }
     return DefWindowProc(tabs, message, wParam, lParam);

@@ -1,7 +1,8 @@
 // The "SysTabControl32" class: a strip of tab headers along the top of the
 // control. TabCtrl_SetCurSel selects silently; a user's click on another
 // tab's header sends WM_NOTIFY TCN_SELCHANGING, then (unless the parent
-// answers nonzero) selects it and sends TCN_SELCHANGE.
+// answers nonzero) selects it and sends TCN_SELCHANGE. A click takes the
+// keyboard focus.
 #pragma once
 
 #include "host/ui/control_classes.h"

@@ -247,6 +247,13 @@ TEST_F(Controls, DraggingAHorizontalFaderTracksThenEnds) {
     EXPECT_TRUE(recordedOf(WM_VSCROLL).empty());
 }
 
+TEST_F(Controls, PressingAControlGivesItTheKeyboardFocus) {
+    for (int id : {kPush, kCheck, kEdit, kCombo, kTabs, kHorizontal}) {
+        clickCentre(item(id));
+        EXPECT_EQ(GetFocus(), item(id)) << id;
+    }
+}
+
 TEST_F(Controls, VerticalFaderHasItsMaximumAtTheTopAndScrollsVertically) {
     HWND fader = item(kVertical);
     RECT client{};
