@@ -7,6 +7,7 @@ struct BenchOptions {
 
 // The block callback as shipped against the scalar loop, steady and gliding.
 void runAudioPathSuite(const BenchOptions& options);
-// The steady cascade on every instruction set this processor runs.
+// The audio path on every instruction set this processor runs.
 void runInstructionSetSuite(const BenchOptions& options);
-// (The editor-paint suite joins here once the response graph exists.)
+// The response graph's paint: 1200 x 600, 32 bands, with phase and spectra.
+void runEditorPaintSuite(const BenchOptions& options);

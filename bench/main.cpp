@@ -30,5 +30,6 @@ int main(int argc, char** argv) {
     std::printf("ombro-bench on %s\n\n", processorName().c_str());
     runAudioPathSuite(options);
     runInstructionSetSuite(options);
+    runEditorPaintSuite(options);
     return 0;
 }
