@@ -13,14 +13,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class BandListEditingTest : public EditorDialogTest {
-protected:
-    void SetUp() override {
-        EditorDialogTest::SetUp();
-        openEditorIn(kHostWidth, kHostHeight);
-        clearNotices();
-    }
-};
+class BandListEditingTest : public OpenEditorTest {};
 
 TEST_F(BandListEditingTest, AddedBandTakesTheGivenFrequencyAndGain) {
     addBand(instance, editor(), 1234.5, 2.0);

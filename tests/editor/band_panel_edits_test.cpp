@@ -4,7 +4,9 @@
 #include <cmath>
 #include <string>
 
+#include "editor/band_panel_controls.h"
 #include "editor/editor_messages.h"
+#include "editor/output_gain_display.h"
 #include "host/ui/focus_and_capture.h"
 #include "host/ui/input_injection.h"
 #include "plugin/ui_layer.h"
@@ -12,20 +14,8 @@
 
 namespace {
 
-constexpr int kFrequencyFader = 1023;
-constexpr int kBandwidthFader = 1025;
-constexpr int kFrequencyEdit = 1019;
-constexpr int kGainEdit = 1020;
-constexpr int kBandwidthEdit = 1021;
-constexpr int kNoteBox = 1027;
-
-class BandPanelEditTest : public EditorDialogTest {
+class BandPanelEditTest : public OpenEditorTest {
 protected:
-    void SetUp() override {
-        EditorDialogTest::SetUp();
-        openEditorIn(kHostWidth, kHostHeight);
-        clearNotices();
-    }
     void type(int id, const std::string& value) {
         kobal_layer::typeIntoEdit(panelControl(id), value);
     }
@@ -44,7 +34,7 @@ TEST_F(BandPanelEditTest, TypedFrequencyMovesFaderAndNoteButKeepsTheTypedText) {
     type(kFrequencyEdit, "440");
     EXPECT_EQ(snapshotBand(instance, 0).frequency, 440.0);
     EXPECT_EQ(text(panelControl(kFrequencyEdit)), "440");
-    EXPECT_EQ(text(panelControl(kNoteBox)), "A3");
+    EXPECT_EQ(text(panelControl(kNoteNameBox)), "A3");
     const double axis = std::log(1.0 + 400.0 * (440.0 - 20.0) / 23980.0) / std::log(401.0);
     EXPECT_EQ(position(kFrequencyFader), static_cast<int>(axis * 1000.0));
 }
@@ -89,7 +79,7 @@ TEST_F(BandPanelEditTest, TypingOpensOneGestureThatTheTimerClosesOnceTheFocusMov
     EXPECT_EQ(notices().back().opt, static_cast<float>(0.25 * std::pow(10.0, 4.0 / 20.0)));
     advanceClock(40);
     EXPECT_EQ(count(audioMasterEndEdit, 1), 0);
-    kobal_layer::SetFocus(control(1011));
+    kobal_layer::SetFocus(control(kOutputGainEdit));
     advanceClock(40);
     EXPECT_EQ(count(audioMasterEndEdit, 1), 1);
     EXPECT_EQ(instance->gestureParam, -1);

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <string>
 
+#include "editor/band_panel_controls.h"
+#include "editor/output_gain_display.h"
 #include "host/extensions/fader_curve.h"
 #include "host/ui/fader.h"
 #include "host/ui/input_injection.h"
@@ -11,24 +13,11 @@
 
 namespace {
 
-constexpr int kFrequencyFader = 1023;
-constexpr int kGainFader = 1024;
-constexpr int kBandwidthFader = 1025;
-constexpr int kFrequencyEdit = 1019;
-constexpr int kGainEdit = 1020;
-constexpr int kBandwidthEdit = 1021;
-constexpr int kNoteBox = 1027;
-
 // The logarithmic frequency axis written out: 20 Hz at 0, 24 kHz at 1.
 double frequencyAt(double axis) { return 20.0 + (std::exp(axis * std::log(401.0)) - 1.0) * 59.95; }
 
-class BandPanelFaderTest : public EditorDialogTest {
+class BandPanelFaderTest : public OpenEditorTest {
 protected:
-    void SetUp() override {
-        EditorDialogTest::SetUp();
-        openEditorIn(kHostWidth, kHostHeight);
-        clearNotices();
-    }
     HWND fader(int id) const { return panelControl(id); }
     int position(int id) const {
         return static_cast<int>(kobal::SendMessage(fader(id), TBM_GETPOS, 0, 0));
@@ -62,7 +51,7 @@ TEST_F(BandPanelFaderTest, ABandAtOneKilohertzPutsTheFaderAt476) {
     ASSERT_EQ(snapshotBand(instance, 2).frequency, 1000.0);
     // 1000 ln(1 + 400 * 980 / 23980) / ln 401 = 476.05, truncated.
     EXPECT_EQ(position(kFrequencyFader), 476);
-    EXPECT_EQ(text(panelControl(kNoteBox)), "B4");
+    EXPECT_EQ(text(panelControl(kNoteNameBox)), "B4");
 }
 
 TEST_F(BandPanelFaderTest, BandwidthFaderCountsThousandthsOfAnOctaveFromTenTo4000) {
@@ -96,7 +85,7 @@ TEST_F(BandPanelFaderTest, FadersCarryTheirNames) {
     EXPECT_STREQ(faderText(fader(kFrequencyFader), kobal_layer::kFaderNameText), "Band frequency");
     EXPECT_STREQ(faderText(fader(kGainFader), kobal_layer::kFaderNameText), "Band gain");
     EXPECT_STREQ(faderText(fader(kBandwidthFader), kobal_layer::kFaderNameText), "Band width");
-    EXPECT_STREQ(faderText(control(1047), kobal_layer::kFaderNameText), "Output gain");
+    EXPECT_STREQ(faderText(control(kOutputGainFader), kobal_layer::kFaderNameText), "Output gain");
 }
 
 TEST_F(BandPanelFaderTest, DraggingReportsTheParameterAndEndsItsEditAtTheRelease) {

@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "editor/band_panel_controls.h"
 #include "editor/editor_messages.h"
 #include "host/ui/combo_box.h"
 #include "host/ui/input_injection.h"
@@ -10,18 +11,9 @@
 
 namespace {
 
-constexpr int kTypeList = 1015;
-constexpr int kEnabled = 1022;
-constexpr int kLogScale = 1029;
-
-class BandPanelSwitchTest : public EditorDialogTest {
+class BandPanelSwitchTest : public OpenEditorTest {
 protected:
-    void SetUp() override {
-        EditorDialogTest::SetUp();
-        openEditorIn(kHostWidth, kHostHeight);
-        clearNotices();
-    }
-    HWND typeList() const { return panelControl(kTypeList); }
+    HWND typeList() const { return panelControl(kBandTypeList); }
     int listSelection() const {
         return static_cast<int>(kobal::SendMessage(typeList(), CB_GETCURSEL, 0, 0));
     }
@@ -80,18 +72,18 @@ TEST_F(BandPanelSwitchTest, ChoosingAnEntryStoresItsTypeAndKeepsTheValues) {
 }
 
 TEST_F(BandPanelSwitchTest, EnabledSwitchTurnsTheBandOffAndOn) {
-    ASSERT_EQ(kobal::IsDlgButtonChecked(panel(), kEnabled), BST_CHECKED);
-    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kEnabled)));
+    ASSERT_EQ(kobal::IsDlgButtonChecked(panel(), kEnabledBox), BST_CHECKED);
+    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kEnabledBox)));
     EXPECT_EQ(snapshotBand(instance, 0).enabled, 0);
-    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kEnabled)));
+    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kEnabledBox)));
     EXPECT_NE(snapshotBand(instance, 0).enabled, 0);
     EXPECT_TRUE(onlyHostChangedNotices(2));
 }
 
 TEST_F(BandPanelSwitchTest, LogScaleSwitchFollowsTheCheckBox) {
     const bool initially = snapshotBand(instance, 0).logScaleAutomation;
-    EXPECT_EQ(kobal::IsDlgButtonChecked(panel(), kLogScale) != 0, initially);
-    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kLogScale)));
+    EXPECT_EQ(kobal::IsDlgButtonChecked(panel(), kLogScaleAutomationBox) != 0, initially);
+    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kLogScaleAutomationBox)));
     EXPECT_EQ(snapshotBand(instance, 0).logScaleAutomation, !initially);
     EXPECT_TRUE(onlyHostChangedNotices(1));
 }
@@ -100,9 +92,9 @@ TEST_F(BandPanelSwitchTest, WithNoValidBandTheSwitchesChangeNothing) {
     std::vector<BandSnapshot> before;
     for (int i = 0; i < 4; ++i) before.push_back(snapshotBand(instance, i));
     instance->selectedBand = 7;
-    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kLogScale)));
-    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kEnabled)));
-    kobal_layer::typeIntoEdit(panelControl(1019), "300");
+    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kLogScaleAutomationBox)));
+    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kEnabledBox)));
+    kobal_layer::typeIntoEdit(panelControl(kFrequencyEdit), "300");
     for (int i = 0; i < 4; ++i) {
         EXPECT_EQ(snapshotBand(instance, i).logScaleAutomation, before[i].logScaleAutomation);
         EXPECT_EQ(snapshotBand(instance, i).enabled, before[i].enabled);

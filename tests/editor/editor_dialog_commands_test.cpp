@@ -20,13 +20,8 @@ constexpr int kPanelGainEdit = 1020;
 
 using Texts = std::vector<std::string>;
 
-class EditorCommandsTest : public EditorDialogTest {
+class EditorCommandsTest : public OpenEditorTest {
 protected:
-    void SetUp() override {
-        EditorDialogTest::SetUp();
-        openEditorIn(kHostWidth, kHostHeight);
-        clearNotices();
-    }
     void click(int id) { ASSERT_TRUE(kobal_layer::clickButton(control(id))); }
     void selectTab(int index) { ASSERT_TRUE(kobal_layer::clickTab(control(kTabs), index)); }
 };

@@ -56,7 +56,18 @@ protected:
     HWND hostWindow = nullptr;
 };
 
-// Tolerance-free band value snapshot under the lock.
+// The editor already open in a host window of the default size, with the
+// notices of the opening cleared.
+class OpenEditorTest : public EditorDialogTest {
+protected:
+    void SetUp() override {
+        EditorDialogTest::SetUp();
+        if (!HasFatalFailure()) openEditorIn(kHostWidth, kHostHeight);
+        clearNotices();
+    }
+};
+
+// A band's values, read under the lock.
 struct BandSnapshot {
     int32_t type;
     double frequency;

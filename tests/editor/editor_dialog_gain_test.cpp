@@ -17,13 +17,8 @@ namespace {
 constexpr int kGainEdit = 1011;
 constexpr int kGainFader = 1047;
 
-class OutputGainTest : public EditorDialogTest {
+class OutputGainTest : public OpenEditorTest {
 protected:
-    void SetUp() override {
-        EditorDialogTest::SetUp();
-        openEditorIn(kHostWidth, kHostHeight);
-        clearNotices();
-    }
     int faderPosition() const {
         return static_cast<int>(kobal::SendMessage(control(kGainFader), TBM_GETPOS, 0, 0));
     }

@@ -15,11 +15,10 @@ constexpr int kPanelGainEdit = 1020;
 constexpr int kGraph = 1023;
 constexpr int kTabs = 1026;
 
-class EditorPollingTest : public EditorDialogTest {
+class EditorPollingTest : public OpenEditorTest {
 protected:
     void SetUp() override {
-        EditorDialogTest::SetUp();
-        openEditorIn(kHostWidth, kHostHeight);
+        OpenEditorTest::SetUp();
         advanceClock(40);  // a first poll, so the next one is a whole period away
         clearNotices();
     }

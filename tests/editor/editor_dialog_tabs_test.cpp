@@ -23,13 +23,8 @@ constexpr int kEditorMinHeight = 368;
 
 using Texts = std::vector<std::string>;
 
-class EditorTabsTest : public EditorDialogTest {
+class EditorTabsTest : public OpenEditorTest {
 protected:
-    void SetUp() override {
-        EditorDialogTest::SetUp();
-        openEditorIn(kHostWidth, kHostHeight);
-        clearNotices();
-    }
     void refresh() { kobal::SendMessage(editor(), WM_REFRESH_EDITOR, 0, 0); }
     void appendFlatBand() {
         ASSERT_TRUE(appendBand(instance, createDesignedBand(Band, 2000.0, 1.0, 1.0,
