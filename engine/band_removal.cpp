@@ -12,7 +12,8 @@ bool removeBandAt(EqInstance* instance, int32_t index) {
     delete list[index];
     std::memmove(list + index, list + index + 1,
                  static_cast<size_t>(count - index - 1) * sizeof(EqBand*));
-    instance->bands.resize((count - 1) * static_cast<int32_t>(sizeof(EqBand*)), false);  // never reallocates, cannot fail
+    // Shrinking without leave to reallocate only lowers the size: it cannot fail.
+    instance->bands.resize((count - 1) * static_cast<int32_t>(sizeof(EqBand*)), false);
     instance->updateParameterCount();
     return true;
 }
