@@ -5,6 +5,7 @@
 #include <random>
 #include <vector>
 
+#include "bench/audio_path_timing.h"
 #include "bench/bench_bands.h"
 #include "bench/benchmark_suites.h"
 #include "bench/stopwatch.h"
@@ -94,11 +95,9 @@ bool agree(int32_t bands, bool gliding) {
     return sameHistories(c);
 }
 
-struct Timing {
-    double shipped, reference;  // ns per band per stereo frame
-};
+}  // namespace
 
-Timing timeCase(int32_t bands, bool gliding, const BenchOptions& options) {
+AudioPathTiming timeAudioPath(int32_t bands, bool gliding, const BenchOptions& options) {
     Contenders c(bands, gliding);
     StereoBuffers io;
     int32_t trials = options.quick ? 3 : 7;
@@ -107,13 +106,11 @@ Timing timeCase(int32_t bands, bool gliding, const BenchOptions& options) {
     c.runShipped(io);
     c.runReference(io);  // both primed
     double scale = 1e9 / (static_cast<double>(bands) * kBlockFrames);
-    Timing t{};
+    AudioPathTiming t{};
     t.shipped = scale * fastestSecondsPerCall(trials, repeats, [&] { c.runShipped(io); });
     t.reference = scale * fastestSecondsPerCall(trials, repeats, [&] { c.runReference(io); });
     return t;
 }
-
-}  // namespace
 
 void runAudioPathSuite(const BenchOptions& options) {
     std::printf(
@@ -124,7 +121,7 @@ void runAudioPathSuite(const BenchOptions& options) {
                 "same bits");
     for (bool gliding : {false, true}) {
         for (int32_t bands : kBandCounts) {
-            Timing t = timeCase(bands, gliding, options);
+            AudioPathTiming t = timeAudioPath(bands, gliding, options);
             std::printf("%6d  %-8s %10.3f %10.3f %7.2fx  %s\n", bands,
                         gliding ? "gliding" : "steady", t.reference, t.shipped,
                         t.reference / t.shipped, agree(bands, gliding) ? "yes" : "NO");
