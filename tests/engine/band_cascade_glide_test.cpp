@@ -17,11 +17,6 @@ namespace {
 constexpr int32_t kBlockLengths[] = {0, 1, 7, 8, 9, 16, 23, 64, 100, 255, 256, 257, 511, 4096};
 constexpr int32_t kBandCounts[] = {1, 2, 3, 5, 8, 9, 17};
 
-struct Outcome {
-    std::vector<EqBand> bands;
-    std::vector<double> left, right;
-};
-
 int32_t chunksIn(int32_t frames) { return (frames + kGlideChunkFrames - 1) / kGlideChunkFrames; }
 
 // One coefficient set per band and chunk, taken from random designs.
@@ -70,12 +65,6 @@ Outcome glideCascade(InstructionSet set, const std::vector<EqBand>& bands,
                                         designs.data(), chunksIn(frames), in.left.data(),
                                         in.right.data(), out.left.data(), out.right.data(), frames);
     return out;
-}
-
-void expectSameOutcome(const Outcome& actual, const Outcome& expected) {
-    ASSERT_NO_FATAL_FAILURE(expectSameBits(actual.left, expected.left, "left"));
-    ASSERT_NO_FATAL_FAILURE(expectSameBits(actual.right, expected.right, "right"));
-    ASSERT_NO_FATAL_FAILURE(expectSameBands(actual.bands, expected.bands));
 }
 
 // Frequency and gain move linearly to the design over the block, the way a

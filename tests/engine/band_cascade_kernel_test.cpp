@@ -16,11 +16,6 @@ constexpr int32_t kBlockLengths[] = {0,  1,  2,  3,  5,  7,  8,   9,   13,
                                      16, 17, 31, 33, 62, 64, 100, 511, 4096};
 constexpr int32_t kBandCounts[] = {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 33};
 
-struct Outcome {
-    std::vector<EqBand> bands;
-    std::vector<double> left, right;
-};
-
 // Starts the output buffers with junk, as a host's would be.
 Outcome startFrom(const std::vector<EqBand>& bands, int32_t frames) {
     return {bands, std::vector<double>(frames, -3.0), std::vector<double>(frames, 7.0)};
@@ -76,12 +71,6 @@ Outcome cascadeInPieces(InstructionSet set, const std::vector<EqBand>& bands,
         done += piece;
     }
     return out;
-}
-
-void expectSameOutcome(const Outcome& actual, const Outcome& expected) {
-    ASSERT_NO_FATAL_FAILURE(expectSameBits(actual.left, expected.left, "left"));
-    ASSERT_NO_FATAL_FAILURE(expectSameBits(actual.right, expected.right, "right"));
-    ASSERT_NO_FATAL_FAILURE(expectSameBands(actual.bands, expected.bands));
 }
 
 class BandCascadeKernel : public testing::TestWithParam<InstructionSet> {};

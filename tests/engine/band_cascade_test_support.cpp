@@ -152,3 +152,9 @@ void expectSameBands(const std::vector<EqBand>& actual, const std::vector<EqBand
     for (size_t i = 0; i < actual.size(); ++i)
         ASSERT_NO_FATAL_FAILURE(expectSameBand(actual[i], expected[i], static_cast<int32_t>(i)));
 }
+
+void expectSameOutcome(const Outcome& actual, const Outcome& expected) {
+    ASSERT_NO_FATAL_FAILURE(expectSameBits(actual.left, expected.left, "left"));
+    ASSERT_NO_FATAL_FAILURE(expectSameBits(actual.right, expected.right, "right"));
+    ASSERT_NO_FATAL_FAILURE(expectSameBands(actual.bands, expected.bands));
+}

@@ -44,6 +44,13 @@ struct StereoSignal {
         : left(laced(random, frames)), right(laced(random, frames)) {}
 };
 
+// The bands and the two output channels after a kernel ran.
+struct Outcome {
+    std::vector<EqBand> bands;
+    std::vector<double> left, right;
+};
+
+void expectSameOutcome(const Outcome& actual, const Outcome& expected);
 void expectSameBits(const std::vector<double>& actual, const std::vector<double>& expected,
                     const char* what);
 // Coefficients, both histories and the glide state, bit for bit.
