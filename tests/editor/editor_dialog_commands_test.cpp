@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "editor/band_panel_controls.h"
+#include "editor/editor_controls.h"
 #include "host/ui/input_injection.h"
 #include "plugin/parameters.h"
 #include "plugin/ui_layer.h"
@@ -10,20 +12,12 @@
 
 namespace {
 
-constexpr int kTabs = 1026;
-constexpr int kAddBand = 1018;
-constexpr int kRemoveBand = 1019;
-constexpr int kResetDefaults = 1020;
-constexpr int kShowGrid = 1022;
-constexpr int kShowPhase = 1024;
-constexpr int kPanelGainEdit = 1020;
-
 using Texts = std::vector<std::string>;
 
 class EditorCommandsTest : public OpenEditorTest {
 protected:
     void click(int id) { ASSERT_TRUE(kobal_layer::clickButton(control(id))); }
-    void selectTab(int index) { ASSERT_TRUE(kobal_layer::clickTab(control(kTabs), index)); }
+    void selectTab(int index) { ASSERT_TRUE(kobal_layer::clickTab(control(kBandTabs), index)); }
 };
 
 bool isListChange(const HostNotice& notice, int32_t first, int32_t delta) {
@@ -36,7 +30,7 @@ bool isHostChanged(const HostNotice& notice) {
 }
 
 TEST_F(EditorCommandsTest, AddBandAppendsAFlatBellSelectsItAndTellsTheHost) {
-    click(kAddBand);
+    click(kAddBandButton);
     ASSERT_EQ(instance->bandCount(), 5);
     EXPECT_EQ(instance->selectedBand, 4);
     EXPECT_EQ(instance->effect.numParams, 15);
@@ -55,9 +49,9 @@ TEST_F(EditorCommandsTest, AddBandAppendsAFlatBellSelectsItAndTellsTheHost) {
 }
 
 TEST_F(EditorCommandsTest, AddBandFirstClosesTheOpenEditGesture) {
-    kobal_layer::typeIntoEdit(panelControl(kPanelGainEdit), "3");
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "3");
     clearNotices();
-    click(kAddBand);
+    click(kAddBandButton);
     const std::vector<HostNotice> sent = notices();
     ASSERT_EQ(sent.size(), 3u);
     EXPECT_EQ(sent[0].opcode, audioMasterEndEdit);
@@ -69,7 +63,7 @@ TEST_F(EditorCommandsTest, AddBandFirstClosesTheOpenEditGesture) {
 
 TEST_F(EditorCommandsTest, RemovingABandInTheMiddleKeepsItsIndexForTheNextBand) {
     selectTab(1);
-    click(kRemoveBand);
+    click(kRemoveBandButton);
     ASSERT_EQ(instance->bandCount(), 3);
     EXPECT_EQ(instance->selectedBand, 1);
     EXPECT_EQ(snapshotBand(instance, 1).frequency, 1000.0);  // formerly band index 2
@@ -85,7 +79,7 @@ TEST_F(EditorCommandsTest, RemovingABandInTheMiddleKeepsItsIndexForTheNextBand) 
 
 TEST_F(EditorCommandsTest, RemovingTheLastBandSelectsTheOneBeforeIt) {
     selectTab(3);
-    click(kRemoveBand);
+    click(kRemoveBandButton);
     EXPECT_EQ(instance->bandCount(), 3);
     EXPECT_EQ(instance->selectedBand, 2);
     EXPECT_EQ(currentTab(), 2);
@@ -93,10 +87,10 @@ TEST_F(EditorCommandsTest, RemovingTheLastBandSelectsTheOneBeforeIt) {
 }
 
 TEST_F(EditorCommandsTest, TheLastRemainingBandCannotBeRemoved) {
-    for (int i = 0; i < 3; ++i) click(kRemoveBand);
+    for (int i = 0; i < 3; ++i) click(kRemoveBandButton);
     ASSERT_EQ(instance->bandCount(), 1);
     clearNotices();
-    click(kRemoveBand);
+    click(kRemoveBandButton);
     EXPECT_EQ(instance->bandCount(), 1);
     EXPECT_EQ(instance->effect.numParams, 3);
     EXPECT_EQ(tabTexts(), (Texts{"1"}));
@@ -105,10 +99,10 @@ TEST_F(EditorCommandsTest, TheLastRemainingBandCannotBeRemoved) {
 }
 
 TEST_F(EditorCommandsTest, ResetDefaultsAfterAnAddTellsTheHostOfTheShorterList) {
-    click(kAddBand);
-    click(kAddBand);
+    click(kAddBandButton);
+    click(kAddBandButton);
     clearNotices();
-    click(kResetDefaults);
+    click(kResetDefaultsButton);
     EXPECT_EQ(instance->bandCount(), 4);
     EXPECT_EQ(instance->effect.numParams, 12);
     EXPECT_EQ(instance->selectedBand, 0);
@@ -121,19 +115,19 @@ TEST_F(EditorCommandsTest, ResetDefaultsAfterAnAddTellsTheHostOfTheShorterList) 
 }
 
 TEST_F(EditorCommandsTest, ResetDefaultsAfterARemovalTellsTheHostOfTheLongerList) {
-    click(kRemoveBand);
+    click(kRemoveBandButton);
     clearNotices();
-    click(kResetDefaults);
+    click(kResetDefaultsButton);
     EXPECT_TRUE(isListChange(notices().at(0), 9, 3));
     EXPECT_EQ(snapshotBand(instance, 0).type, LowShelf);
     EXPECT_EQ(snapshotBand(instance, 0).frequency, 100.0);
 }
 
 TEST_F(EditorCommandsTest, ResetDefaultsAtTheSameCountOnlyReportsAChange) {
-    kobal_layer::typeIntoEdit(panelControl(kPanelGainEdit), "5");
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "5");
     ASSERT_NE(snapshotBand(instance, 0).gain, 1.0);
     clearNotices();
-    click(kResetDefaults);
+    click(kResetDefaultsButton);
     EXPECT_EQ(snapshotBand(instance, 0).gain, 1.0);
     const std::vector<HostNotice> sent = notices();
     ASSERT_EQ(sent.size(), 2u);
@@ -142,13 +136,13 @@ TEST_F(EditorCommandsTest, ResetDefaultsAtTheSameCountOnlyReportsAChange) {
 }
 
 TEST_F(EditorCommandsTest, ViewSwitchesSetTheirFlagsAndTellTheHost) {
-    click(kShowGrid);
+    click(kShowGridBox);
     EXPECT_EQ(instance->showGrid, 0);
-    click(kShowPhase);
+    click(kShowPhaseBox);
     EXPECT_EQ(instance->viewFlags & 1, 1);
-    click(kShowPhase);
+    click(kShowPhaseBox);
     EXPECT_EQ(instance->viewFlags & 1, 0);
-    click(kShowGrid);
+    click(kShowGridBox);
     EXPECT_EQ(instance->showGrid, 1);
     const std::vector<HostNotice> sent = notices();
     ASSERT_EQ(sent.size(), 4u);
@@ -159,9 +153,9 @@ TEST_F(EditorCommandsTest, CheckBoxesShowTheInstanceFlagsWhenOpened) {
     instance->showGrid = 0;
     instance->viewFlags = 1;
     reopenEditor();
-    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowGrid), BST_UNCHECKED);
-    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowPhase), BST_CHECKED);
-    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), 1029), BST_CHECKED);
+    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowGridBox), BST_UNCHECKED);
+    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowPhaseBox), BST_CHECKED);
+    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowTabsBox), BST_CHECKED);
 }
 
 }  // namespace

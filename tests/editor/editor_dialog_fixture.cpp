@@ -2,6 +2,7 @@
 
 #include <mutex>
 
+#include "editor/editor_controls.h"
 #include "editor/editor_dialog.h"
 #include "engine/audio_processing.h"
 #include "engine/default_bands.h"
@@ -110,13 +111,13 @@ std::vector<ParamListChange> EditorDialogTest::paramListChanges() const {
 
 std::vector<std::string> EditorDialogTest::tabTexts() const {
     std::vector<std::string> texts;
-    HWND tabs = control(1026);
+    HWND tabs = control(kBandTabs);
     for (int i = 0; i < kobal::TabCtrl_GetItemCount(tabs); ++i)
         texts.emplace_back(kobal_layer::tabText(tabs, i));
     return texts;
 }
 
-int EditorDialogTest::currentTab() const { return kobal::TabCtrl_GetCurSel(control(1026)); }
+int EditorDialogTest::currentTab() const { return kobal::TabCtrl_GetCurSel(control(kBandTabs)); }
 
 std::string EditorDialogTest::text(HWND window) const {
     KobalWindow* record = kobal_layer::liveWindow(window);

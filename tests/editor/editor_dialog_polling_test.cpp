@@ -3,6 +3,8 @@
 // went quiet is drawn once more.
 #include <string>
 
+#include "editor/band_panel_controls.h"
+#include "editor/editor_controls.h"
 #include "engine/band_list.h"
 #include "host/ui/input_injection.h"
 #include "plugin/parameters.h"
@@ -10,10 +12,6 @@
 #include "tests/editor/editor_dialog_fixture.h"
 
 namespace {
-
-constexpr int kPanelGainEdit = 1020;
-constexpr int kGraph = 1023;
-constexpr int kTabs = 1026;
 
 class EditorPollingTest : public OpenEditorTest {
 protected:
@@ -25,15 +23,15 @@ protected:
 };
 
 TEST_F(EditorPollingTest, AutomationShowsInTheControlsOnlyWhenTheTimerFires) {
-    ASSERT_EQ(text(panelControl(kPanelGainEdit)), "0.0");
+    ASSERT_EQ(text(panelControl(kGainEdit)), "0.0");
     setParameter(&instance->effect, 1, 0.5f);  // band 0 gain 2.0
     EXPECT_EQ(snapshotBand(instance, 0).gain, 2.0);
     EXPECT_EQ(instance->refreshRequested, 1);
-    EXPECT_EQ(text(panelControl(kPanelGainEdit)), "0.0");
+    EXPECT_EQ(text(panelControl(kGainEdit)), "0.0");
     advanceClock(39);
-    EXPECT_EQ(text(panelControl(kPanelGainEdit)), "0.0");
+    EXPECT_EQ(text(panelControl(kGainEdit)), "0.0");
     advanceClock(1);
-    EXPECT_EQ(text(panelControl(kPanelGainEdit)), "6.0");
+    EXPECT_EQ(text(panelControl(kGainEdit)), "6.0");
     EXPECT_EQ(instance->refreshRequested, 0);
     EXPECT_TRUE(notices().empty());
 }
@@ -50,14 +48,14 @@ TEST_F(EditorPollingTest, OutsideChangeOfTheBandCountRebuildsTheTabsOnTheNextPol
 TEST_F(EditorPollingTest, HoverEndsOnceThePointerIsOffTheGraph) {
     instance->hoverBand = 2;
     instance->hoverFlags = 1;
-    kobal_layer::moveMouse(kobal_layer::screenPointOf(control(kTabs), POINT{5, 5}));
+    kobal_layer::moveMouse(kobal_layer::screenPointOf(control(kBandTabs), POINT{5, 5}));
     advanceClock(40);
     EXPECT_EQ(instance->hoverBand, -1);
     EXPECT_EQ(instance->hoverFlags, 0);
 }
 
 TEST_F(EditorPollingTest, HoverStaysWhileThePointerIsOnTheGraph) {
-    kobal_layer::moveMouse(kobal_layer::screenPointOf(control(kGraph), POINT{3, 3}));
+    kobal_layer::moveMouse(kobal_layer::screenPointOf(control(kResponseViewControl), POINT{3, 3}));
     instance->hoverBand = 2;
     instance->hoverFlags = 1;
     advanceClock(40);
@@ -75,7 +73,7 @@ TEST_F(EditorPollingTest, QuietSpectrumIsForgottenAfterOneSecond) {
 }
 
 TEST_F(EditorPollingTest, ClosingTheEditorEndsTheGestureAndClearsItsState) {
-    kobal_layer::typeIntoEdit(panelControl(kPanelGainEdit), "2");
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "2");
     clearNotices();
     HWND editorWindow = editor();
     kobal::DestroyWindow(editorWindow);

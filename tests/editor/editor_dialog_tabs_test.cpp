@@ -2,6 +2,8 @@
 #include <string>
 #include <vector>
 
+#include "editor/band_panel_controls.h"
+#include "editor/editor_controls.h"
 #include "editor/editor_messages.h"
 #include "engine/band_list.h"
 #include "engine/band_removal.h"
@@ -10,12 +12,6 @@
 #include "tests/editor/editor_dialog_fixture.h"
 
 namespace {
-
-constexpr int kTabs = 1026;
-constexpr int kGraph = 1023;
-constexpr int kRemoveBand = 1019;
-constexpr int kShowTabs = 1029;
-constexpr int kPanelFrequencyEdit = 1019;
 
 // The editor dialog resource's size in pixels.
 constexpr int kEditorMinWidth = 596;
@@ -39,7 +35,7 @@ TEST_F(EditorTabsTest, OpeningShowsOneNumberedTabPerBandWithTheFirstCurrent) {
 
 TEST_F(EditorTabsTest, RefreshDeletesTabsBeyondTheBandCount) {
     ASSERT_TRUE(removeBandAt(instance, 3));
-    HWND tabs = control(kTabs);
+    HWND tabs = control(kBandTabs);
     TCITEM item{};
     item.mask = TCIF_TEXT;
     char surplus[] = "5";
@@ -52,7 +48,7 @@ TEST_F(EditorTabsTest, RefreshDeletesTabsBeyondTheBandCount) {
 
 TEST_F(EditorTabsTest, RefreshAppendsTheMissingTabsInBandOrder) {
     appendFlatBand();
-    HWND tabs = control(kTabs);
+    HWND tabs = control(kBandTabs);
     kobal::TabCtrl_DeleteItem(tabs, 3);
     kobal::TabCtrl_DeleteItem(tabs, 2);
     ASSERT_EQ(tabTexts(), (Texts{"1", "2"}));
@@ -61,20 +57,20 @@ TEST_F(EditorTabsTest, RefreshAppendsTheMissingTabsInBandOrder) {
 }
 
 TEST_F(EditorTabsTest, ClickingATabSelectsItsBandAndThePanelFollowsOnTheNextTick) {
-    ASSERT_TRUE(kobal_layer::clickTab(control(kTabs), 2));
+    ASSERT_TRUE(kobal_layer::clickTab(control(kBandTabs), 2));
     EXPECT_EQ(instance->selectedBand, 2);
     advanceClock(40);
-    EXPECT_EQ(text(panelControl(kPanelFrequencyEdit)), "1000.0");
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "1000.0");
 }
 
 TEST_F(EditorTabsTest, HidingTabsHidesStripAndPanelAndExtendsGraphToAboveTheButtons) {
-    const RECT graphWithTabs = rectOf(control(kGraph));
-    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabs)));
+    const RECT graphWithTabs = rectOf(control(kResponseViewControl));
+    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabsBox)));
     EXPECT_EQ(instance->showTabs, 0);
-    EXPECT_FALSE(isShown(control(kTabs)));
+    EXPECT_FALSE(isShown(control(kBandTabs)));
     EXPECT_FALSE(isShown(panel()));
-    const RECT graph = rectOf(control(kGraph));
-    const RECT button = rectOf(control(kRemoveBand));
+    const RECT graph = rectOf(control(kResponseViewControl));
+    const RECT button = rectOf(control(kRemoveBandButton));
     EXPECT_EQ(graph.bottom, button.top - 4);
     EXPECT_EQ(graph.top, graphWithTabs.top);
     EXPECT_EQ(graph.right, graphWithTabs.right);
@@ -82,22 +78,22 @@ TEST_F(EditorTabsTest, HidingTabsHidesStripAndPanelAndExtendsGraphToAboveTheButt
     EXPECT_EQ(notices()[0].opcode, audioMasterAutomate);
     EXPECT_EQ(notices()[0].index, -1);
 
-    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabs)));
+    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabsBox)));
     EXPECT_EQ(instance->showTabs, 1);
-    EXPECT_TRUE(isShown(control(kTabs)));
+    EXPECT_TRUE(isShown(control(kBandTabs)));
     EXPECT_TRUE(isShown(panel()));
-    const RECT restored = rectOf(control(kGraph));
+    const RECT restored = rectOf(control(kResponseViewControl));
     EXPECT_EQ(restored.bottom, graphWithTabs.bottom);
     EXPECT_EQ(restored.top, graphWithTabs.top);
 }
 
 TEST_F(EditorTabsTest, HiddenTabsStayHiddenAfterAReopen) {
-    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabs)));
+    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabsBox)));
     reopenEditor();
-    EXPECT_FALSE(isShown(control(kTabs)));
+    EXPECT_FALSE(isShown(control(kBandTabs)));
     EXPECT_FALSE(isShown(panel()));
-    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowTabs), BST_UNCHECKED);
-    EXPECT_EQ(rectOf(control(kGraph)).bottom, rectOf(control(kRemoveBand)).top - 4);
+    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowTabsBox), BST_UNCHECKED);
+    EXPECT_EQ(rectOf(control(kResponseViewControl)).bottom, rectOf(control(kRemoveBandButton)).top - 4);
 }
 
 TEST_F(EditorTabsTest, EditorFillsItsParentAndRemembersTheSize) {
