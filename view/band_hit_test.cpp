@@ -9,7 +9,6 @@
 namespace {
 
 constexpr int kHitReach = 7;
-constexpr double kHighestGain = 64.0;
 
 struct HitBox {
     double lowFrequency, highFrequency;
@@ -23,7 +22,7 @@ double handleAmplitude(const EqBand& band, const GraphAxes& axes) {
         case HighPass: return amplitudeOfRow(axes, handleRow(axes, band.type, band.gain));
         case AllPass:
         case BandPass: return 1.0;
-        default: return std::min(band.gain, kHighestGain);
+        default: return std::min(band.gain, kHighestBandGain);
     }
 }
 

@@ -9,6 +9,8 @@ struct EqInstance;
 
 // A silent band, far below the graph: -120 dB.
 constexpr double kOffGraphGain = 1.0000000000000004e-06;
+// The loudest gain the graph edits to or reads out (+36.1 dB).
+constexpr double kHighestBandGain = 64.0;
 
 struct PointValues {
     double frequency;  // Hz under the point

@@ -10,6 +10,7 @@
 #include "plugin/parameters.h"
 #include "plugin/ui_layer.h"
 #include "view/band_hit_test.h"
+#include "view/view_pointer.h"
 #include "view/view_selection.h"
 
 namespace {
@@ -21,9 +22,6 @@ constexpr double kSilentGain = 2.9802322387695312e-08;  // 2^-25
 constexpr double kLowestDb = -150.0;
 constexpr double kLoudestGain = 31622776.601683773;  // +150 dB
 constexpr double kDbPerLog = 8.685889638065037;
-
-int lowWord(LPARAM value) { return static_cast<int16_t>(value & 0xffff); }
-int highWord(LPARAM value) { return static_cast<int16_t>((value >> 16) & 0xffff); }
 
 void prepareItems(HMENU popup, const EqBand* selected, UINT bandItemFlags) {
     kobal::EnableMenuItem(popup, kDeleteBandCommand, bandItemFlags);
@@ -114,7 +112,7 @@ void runContextCommand(EqInstance& instance, HWND view, UINT command, double cli
 }
 
 LRESULT openContextMenu(EqInstance& instance, HWND view, WPARAM wParam, LPARAM lParam) {
-    POINT point{lowWord(lParam), highWord(lParam)};
+    POINT point{signedLowWord(lParam), signedHighWord(lParam)};
     PointValues click{};
     const int hit = hitTestBand(instance, view, point.x, point.y, &click, true);
     if (hit >= 0) selectBand(instance, view, hit);

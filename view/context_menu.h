@@ -6,16 +6,15 @@
 
 struct EqInstance;
 
-enum ContextCommand : UINT {
-    kAddBandCommand = 40001,
-    kDeleteBandCommand = 40002,
-    kEnableBandCommand = 40003,
-    kResetBandCommand = 40004,
-    kFirstBandTypeCommand = 40006,  // + the band type code, up to Band (8)
-    kLastBandTypeCommand = 40014,
-    kResetAllBandsCommand = 40015,
-    kFlipAllBandsCommand = 40016,
-};
+// The menu's command ids.
+constexpr UINT kAddBandCommand = 40001;
+constexpr UINT kDeleteBandCommand = 40002;
+constexpr UINT kEnableBandCommand = 40003;
+constexpr UINT kResetBandCommand = 40004;
+constexpr UINT kFirstBandTypeCommand = 40006;  // + the band type code, up to Band (8)
+constexpr UINT kLastBandTypeCommand = 40014;
+constexpr UINT kResetAllBandsCommand = 40015;
+constexpr UINT kFlipAllBandsCommand = 40016;
 
 LRESULT openContextMenu(EqInstance& instance, HWND view, WPARAM wParam, LPARAM lParam);
 

@@ -9,8 +9,10 @@
 #include "plugin/host_imports.h"
 #include "plugin/parameters.h"
 #include "plugin/ui_layer.h"
+#include "view/band_hit_test.h"
 #include "view/graph_axes.h"
 #include "view/graph_fonts.h"
+#include "view/view_pointer.h"
 
 namespace {
 
@@ -20,10 +22,9 @@ constexpr int kPointerGapY = 8;
 constexpr int kBackgroundColorIndex = 8;  // GetSysColor index of the box
 constexpr int kTextColorIndex = 9;        // ... of its text and border
 constexpr UINT DT_NOPREFIX = 0x800;
-constexpr double kHighestGain = 64.0;
 
 double readoutDb(double gain) {
-    return gain >= kHighestGain ? ampToDb(kHighestGain) : displayDb(gain);
+    return gain >= kHighestBandGain ? ampToDb(kHighestBandGain) : displayDb(gain);
 }
 
 struct TextSize {
@@ -36,13 +37,6 @@ TextSize measure(MuraBitmap* bitmap, const char* text) {
     RECT rect{0, 0, 0, 0};
     labelFont->drawText(bitmap, text, -1, &rect, DT_CALCRECT | DT_NOPREFIX);
     return TextSize{rect.right - rect.left, rect.bottom - rect.top};
-}
-
-POINT pointerInView(HWND view) {
-    POINT pointer{};
-    kobal::GetCursorPos(&pointer);
-    kobal::ScreenToClient(view, &pointer);
-    return pointer;
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "plugin/ui_layer.h"
 #include "view/band_hit_test.h"
 #include "view/graph_axes.h"
+#include "view/view_pointer.h"
 #include "view/view_selection.h"
 
 namespace {
@@ -20,24 +21,13 @@ constexpr double kWheelStep = 0.2;
 constexpr double kWidestBandwidth = 4.0;
 constexpr double kLowestFrequency = 20.0;
 constexpr double kHighestFrequency = 24000.0;
-constexpr double kHighestGain = 64.0;
 constexpr double kOctavesPerPixel = 0.02;
 
 // The point of the last handled drag step, shared by every view.
 int lastMouseX = 0;
 int lastMouseY = 0;
 
-int lowWord(LPARAM value) { return static_cast<int16_t>(value & 0xffff); }
-int highWord(LPARAM value) { return static_cast<int16_t>((value >> 16) & 0xffff); }
-
 bool keyDown(int virtualKey) { return (kobal::GetAsyncKeyState(virtualKey) & 0x8000) != 0; }
-
-POINT pointerInView(HWND view) {
-    POINT pointer{};
-    kobal::GetCursorPos(&pointer);
-    kobal::ScreenToClient(view, &pointer);
-    return pointer;
-}
 
 int parameterOf(int band, ParameterField field) { return kParametersPerBand * band + field; }
 
@@ -52,7 +42,8 @@ double clampedBandwidth(double bandwidth) {
 
 void dragBandwidth(EqInstance& instance, EqBand& band, int index, int x) {
     if (x == lastMouseX) return;
-    band.bandwidth = clampedBandwidth(band.bandwidth * std::exp2((x - lastMouseX) * kOctavesPerPixel));
+    const double factor = std::exp2((x - lastMouseX) * kOctavesPerPixel);
+    band.bandwidth = clampedBandwidth(band.bandwidth * factor);
     redesign(instance, band);
     reportParameter(&instance, parameterOf(index, BandwidthField), false);
     instance.hoverFlags |= kDraggedBandwidth;
@@ -96,7 +87,7 @@ int32_t dragFrequencyAndGain(EqInstance& instance, HWND view, EqBand& band, int 
         const double newDb = draggedGainDb(band, axes, dbNew, dbPrevious, keys.fine());
         band.gain = newDb < axes.gainBottom - 1.0
                         ? kOffGraphGain
-                        : std::min(kHighestGain, std::exp(newDb * kDbToLog));
+                        : std::min(kHighestBandGain, std::exp(newDb * kDbToLog));
         changed |= kDraggedGain;
     }
     return changed;
@@ -108,8 +99,8 @@ void dragStep(EqInstance& instance, HWND view, LPARAM lParam) {
     if (!band) return;
     RECT client{};
     kobal::GetClientRect(view, &client);
-    const int x = std::clamp(lowWord(lParam), 0, static_cast<int>(client.right));
-    const int y = highWord(lParam);
+    const int x = std::clamp(signedLowWord(lParam), 0, static_cast<int>(client.right));
+    const int y = signedHighWord(lParam);
     if (keyDown(VK_SHIFT)) {
         dragBandwidth(instance, *band, index, x);
     } else {
@@ -126,12 +117,17 @@ void dragStep(EqInstance& instance, HWND view, LPARAM lParam) {
     instance.dirtyFlags |= kDirtyResponseView | kDirtyBandPanel;
 }
 
+// The band whose handle is under the point of a mouse message, or -1.
+int handleAt(const EqInstance& instance, HWND view, LPARAM lParam) {
+    return hitTestBand(instance, view, signedLowWord(lParam), signedHighWord(lParam), nullptr,
+                       true);
+}
+
 void buttonDown(EqInstance& instance, HWND view, LPARAM lParam) {
-    const int x = lowWord(lParam), y = highWord(lParam);
-    const int hit = hitTestBand(instance, view, x, y, nullptr, true);
+    const int hit = handleAt(instance, view, lParam);
     if (hit < 0) return;
-    lastMouseX = x;
-    lastMouseY = y;
+    lastMouseX = signedLowWord(lParam);
+    lastMouseY = signedHighWord(lParam);
     selectBand(instance, view, hit);
     instance.hoverBand = hit;
     instance.hoverFlags = 0;
@@ -139,7 +135,7 @@ void buttonDown(EqInstance& instance, HWND view, LPARAM lParam) {
 }
 
 void hover(EqInstance& instance, HWND view, LPARAM lParam) {
-    const int hit = hitTestBand(instance, view, lowWord(lParam), highWord(lParam), nullptr, true);
+    const int hit = handleAt(instance, view, lParam);
     if (hit == instance.hoverBand) return;
     if (instance.hoverBand >= 0 && instance.hoverFlags != 0) endHoverEdit(instance);
     instance.hoverBand = hit;
@@ -154,7 +150,7 @@ void buttonUp(EqInstance& instance, HWND view) {
 }
 
 void toggleEnabled(EqInstance& instance, HWND view, LPARAM lParam) {
-    const int hit = hitTestBand(instance, view, lowWord(lParam), highWord(lParam), nullptr, true);
+    const int hit = handleAt(instance, view, lParam);
     EqBand* band = instance.band(hit);
     if (!band) return;
     band->enabled = band->enabled == 0 ? 1 : 0;
@@ -164,7 +160,7 @@ void toggleEnabled(EqInstance& instance, HWND view, LPARAM lParam) {
 LRESULT turnWheel(EqInstance& instance, HWND view, WPARAM wParam) {
     const POINT pointer = pointerInView(view);
     const int hit = hitTestBand(instance, view, pointer.x, pointer.y, nullptr, true);
-    const int delta = static_cast<int16_t>((wParam >> 16) & 0xffff);
+    const int delta = signedHighWord(static_cast<intptr_t>(wParam));
     EqBand* band = instance.band(hit);
     if (delta == 0 || !band) return 0;
     band->bandwidth = clampedBandwidth(band->bandwidth + (delta > 0 ? kWheelStep : -kWheelStep));

@@ -47,9 +47,10 @@ double phaseAt(const EqBand& b, double w) {
                          ((1.0 + b.a2) * b.b1 + b.a1 * (b.b0 + b.b2)) * cosW +
                          (b.a2 * b.b0 + b.b2) * cos2W) /
                         denominator;
-    const double imaginary =
-        sinW * ((b.b1 - b.a1 * b.b0 + b.a1 * b.b2 - b.a2 * b.b1) + 2.0 * (b.b2 - b.a2 * b.b0) * cosW) /
-        denominator;
+    const double imaginary = sinW *
+                             ((b.b1 - b.a1 * b.b0 + b.a1 * b.b2 - b.a2 * b.b1) +
+                              2.0 * (b.b2 - b.a2 * b.b0) * cosW) /
+                             denominator;
     return std::atan2(real, imaginary) - std::numbers::pi / 2.0;
 }
 
@@ -71,7 +72,8 @@ void addBandResponse(const EqBand& band, const GraphAxes& axes, const ResponseCo
         }
         const double w = frequency * (std::numbers::pi / band.sampleRate) * 2.0;
         const double s = std::sin(0.5 * w);
-        const double db = x == centre ? centreColumnDb(band) : magnitudeDb(band, terms, 4.0 * s * s);
+        const double db =
+            x == centre ? centreColumnDb(band) : magnitudeDb(band, terms, 4.0 * s * s);
         columns.magnitude[x] += (db + axes.gainRange / 2.0) / axes.gainRange - 0.5;
         if (columns.phase) columns.phase[x] += phaseAt(band, w);
     }
