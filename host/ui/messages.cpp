@@ -55,6 +55,14 @@ void collectInvalid(KobalWindow* window, std::vector<HWND>* invalid) {
     for (KobalWindow* child : window->children) collectInvalid(child, invalid);
 }
 
+// Validated before the message, so that a procedure that never calls
+// BeginPaint is not asked again, while one that invalidates itself while
+// painting is.
+void paintNow(HWND window) {
+    window->needsPaint = false;
+    SendMessage(window, WM_PAINT, 0, 0);
+}
+
 }  // namespace
 
 int paintInvalidWindows() {
@@ -63,8 +71,7 @@ int paintInvalidWindows() {
     int painted = 0;
     for (HWND window : invalid)
         if (liveWindow(window) && window->needsPaint) {
-            SendMessage(window, WM_PAINT, 0, 0);
-            if (liveWindow(window)) window->needsPaint = false;
+            paintNow(window);
             ++painted;
         }
     return painted;
@@ -139,10 +146,7 @@ BOOL InvalidateRect(HWND handle, const RECT*, BOOL) {
 BOOL UpdateWindow(HWND handle) {
     KobalWindow* window = liveWindow(handle);
     if (!window) return 0;
-    if (window->needsPaint && isShownOnScreen(handle)) {
-        SendMessage(handle, WM_PAINT, 0, 0);
-        if (liveWindow(handle)) window->needsPaint = false;
-    }
+    if (window->needsPaint && isShownOnScreen(handle)) paintNow(handle);
     return 1;
 }
 

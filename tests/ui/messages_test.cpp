@@ -162,6 +162,24 @@ TEST_F(Messages, InvalidatedShownWindowsArePaintedAfterPostedMessages) {
     EXPECT_TRUE(recordedOf(WM_PAINT).empty());
 }
 
+LRESULT invalidateWhilePainting(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    recordedMessages().push_back(RecordedMessage{window, message, wParam, lParam});
+    if (message != WM_PAINT) return DefWindowProc(window, message, wParam, lParam);
+    PAINTSTRUCT paint;
+    BeginPaint(window, &paint);
+    InvalidateRect(window, nullptr, 0);  // asks for the next frame
+    EndPaint(window, &paint);
+    return 0;
+}
+
+TEST_F(Messages, InvalidatingWhilePaintingAsksForAnotherPaint) {
+    HWND window = recordingChild(hostWindow());
+    SetWindowLong(window, GWL_WNDPROC, reinterpret_cast<LONG_PTR>(invalidateWhilePainting));
+    pumpMessages();
+    pumpMessages();
+    EXPECT_EQ(recordedOf(WM_PAINT).size(), 2u);  // once per pump, not in a loop
+}
+
 TEST_F(Messages, UpdateWindowPaintsAtOnceOnlyWhenInvalid) {
     HWND window = recordingChild(hostWindow());
     UpdateWindow(window);
