@@ -216,7 +216,7 @@ constexpr UINT CB_RESETCONTENT = 0x014B;
 constexpr UINT CB_SETCURSEL = 0x014E;
 
 constexpr UINT TBM_GETPOS = WM_USER;
-constexpr UINT TBM_SETTIC = WM_USER + 4;
+constexpr UINT TBM_SETTIC = WM_USER + 4;  // lParam -1: a tic at the fader curve's 0 dB
 constexpr UINT TBM_SETPOS = WM_USER + 5;
 constexpr UINT TBM_SETRANGE = WM_USER + 6;
 constexpr UINT FADER_SETTEXT = 11023;  // wParam 1: name text, 2: value text; lParam: the text
@@ -302,6 +302,8 @@ using BeginPaintProc = HDC (*)(HWND window, PAINTSTRUCT* paint);
 using EndPaintProc = BOOL (*)(HWND window, const PAINTSTRUCT* paint);
 using BitBltProc = BOOL (*)(HDC destination, int x, int y, int width, int height, HDC source,
                             int sourceX, int sourceY, DWORD rop);
+// Colours come as 0x00RRGGBB (the raster pixel order, not a COLORREF); index 8
+// is the readout background, 9 the readout text.
 using GetSysColorProc = DWORD (*)(int index);
 using CreateFontIndirectProc = HFONT (*)(const LOGFONT* font);
 using KOBAL_MakeSetCurParmsProc = void (*)(float xScale, float yScale, int xTranslation,
