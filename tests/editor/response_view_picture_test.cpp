@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/audio_processing.h"
+#include "host/ui/input_injection.h"
 #include "host/ui/screenshot.h"
 #include "plugin/ui_layer.h"
 #include "tests/editor/response_view_fixture.h"
@@ -46,6 +47,14 @@ TEST_F(ResponseViewPictureTest, EditorWithShapedBandsPhaseAndSpectraIsSaved) {
     instance->selectedBand = 2;
     processSomeAudio();
     processSomeAudio();
+    RECT client{};
+    kobal::GetClientRect(view, &client);
+    const int x = static_cast<int>(std::log(2480.0 / 23980.0 * 400.0 + 1.0) * client.right /
+                                   5.993961427306569);
+    const int y = client.bottom - static_cast<int>((std::log10(2.5) * 20.0 + 12.0) *
+                                                   client.bottom / 24.0);
+    kobal_layer::moveMouse(screenPoint(x, y));  // the readout of band 3
+    ASSERT_EQ(instance->hoverBand, 2);
     kobal::InvalidateRect(view, nullptr, 1);
     const std::filesystem::path directory = OMBRO_TEST_OUTPUT_DIR;
     std::filesystem::create_directories(directory);
