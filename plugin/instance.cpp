@@ -5,6 +5,8 @@
 #include "contracts/mura.h"
 #include "engine/audio_processing.h"
 #include "engine/band_list.h"
+#include "engine/default_bands.h"
+#include "plugin/host_imports.h"
 #include "plugin/dispatcher.h"
 #include "plugin/eq_instance.h"
 #include "plugin/instance_registry.h"
@@ -77,4 +79,20 @@ void destroyInstance(EqInstance* instance) {
     delete instance->drawingBitmap;
     instance->drawingBitmap = nullptr;
     releaseStorage(instance);
+}
+
+EqInstance* createInstance(audioMasterCallback host) {
+    if (host && !importHostExtensions(host)) return nullptr;
+    if (!requiredHostExtensionsPresent()) return nullptr;
+    processHostCallback = host;
+    EqInstance* instance = allocateInstance(host);
+    if (!instance) return nullptr;
+    resetBandStates(instance);
+    if (!loadDefaultBands(instance)) {
+        discardInstance(instance);
+        return nullptr;
+    }
+    registerInstance();
+    resetBandStates(instance);
+    return instance;
 }

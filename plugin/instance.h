@@ -5,6 +5,10 @@
 
 struct EqInstance;
 
+// What VSTPluginMain does: imports the host's extensions through `host`,
+// builds an instance with the default bands; null when the host lacks a
+// required extension or memory ran out.
+EqInstance* createInstance(audioMasterCallback host);
 // An instance with every field at its creation value and the AEffect filled,
 // but no bands yet; null when out of memory.
 EqInstance* allocateInstance(audioMasterCallback host);

@@ -34,29 +34,13 @@ intptr_t recordingHost(AEffect*, int32_t opcode, int32_t index, intptr_t, void* 
     return 0;
 }
 
-// What the library's entry point does for a new instance.
-EqInstance* createTestInstance() {
-    if (!importHostExtensions(recordingHost) || !requiredHostExtensionsPresent()) return nullptr;
-    processHostCallback = recordingHost;
-    EqInstance* instance = allocateInstance(recordingHost);
-    if (!instance) return nullptr;
-    resetBandStates(instance);
-    if (!loadDefaultBands(instance)) {
-        discardInstance(instance);
-        return nullptr;
-    }
-    registerInstance();
-    resetBandStates(instance);
-    return instance;
-}
-
 }  // namespace
 
 void EditorDialogTest::SetUp() {
     bindHostLayerOnce();
     kobal_layer::resetWindowingLayer();
     kobal_layer::useTestClock(10000);
-    instance = createTestInstance();
+    instance = createInstance(recordingHost);
     ASSERT_NE(instance, nullptr);
     clearNotices();
 }
