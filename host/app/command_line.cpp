@@ -57,6 +57,17 @@ const Option kOptions[] = {
      [](CommandLine& line, const std::string& value) {
          line.uiVersion = static_cast<intptr_t>(parseInteger(value, "UI version"));
      }},
+    {"--size", true,
+     [](CommandLine& line, const std::string& value) {
+         size_t cross = value.find('x');
+         if (cross == std::string::npos) throw UsageError("--size expects WIDTHxHEIGHT, got '" + value + "'");
+         long long width = parseInteger(value.substr(0, cross), "window width");
+         long long height = parseInteger(value.substr(cross + 1), "window height");
+         if (width < 1 || height < 1 || width > 8192 || height > 8192)
+             throw UsageError("window size out of range: " + value);
+         line.windowWidth = static_cast<int>(width);
+         line.windowHeight = static_cast<int>(height);
+     }},
     {"--help", false, [](CommandLine& line, const std::string&) { line.helpWanted = true; }},
 };
 
@@ -113,6 +124,7 @@ const char* usageText() {
            "  process IN.wav OUT.wav   equalize a WAV file (mono input is duplicated)\n"
            "  save-state FILE          write the effect's state to FILE\n"
            "  load-state FILE          load a state from FILE and show the parameters\n"
+           "  render-editor OUT.png    open the editor on a test signal and save a picture\n"
            "\n"
            "options:\n"
            "  --set INDEX=VALUE        set a parameter to a normalized value in 0..1\n"
@@ -121,6 +133,7 @@ const char* usageText() {
            "  --sample-rate HZ         sample rate told to the effect (default: the\n"
            "                           input file's, or 44100)\n"
            "  --plugin PATH            the effect's shared object\n"
+           "  --size WIDTHxHEIGHT      host window for render-editor (default 1020x640)\n"
            "  --without-extension NAME     the host withholds an extension function\n"
            "  --without-ui-function NAME   the windowing layer withholds a function\n"
            "  --ui-version N           interface version the windowing layer answers\n"

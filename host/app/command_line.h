@@ -22,6 +22,8 @@ struct CommandLine {
     std::vector<std::string> withheldExtensions;  // --without-extension NAME
     std::vector<std::string> missingUiFunctions;  // --without-ui-function NAME
     std::optional<intptr_t> uiVersion;           // --ui-version N
+    int windowWidth = 1020;                      // --size WIDTHxHEIGHT
+    int windowHeight = 640;
     bool helpWanted = false;                     // --help
 };
 

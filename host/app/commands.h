@@ -9,3 +9,4 @@ int runInfo(const CommandLine& line);
 int runProcess(const CommandLine& line);
 int runSaveState(const CommandLine& line);
 int runLoadState(const CommandLine& line);
+int runRenderEditor(const CommandLine& line);

@@ -21,6 +21,7 @@ const Command kCommands[] = {
     {"process", 2, "IN.wav OUT.wav", runProcess},
     {"save-state", 1, "FILE", runSaveState},
     {"load-state", 1, "FILE", runLoadState},
+    {"render-editor", 1, "OUT.png", runRenderEditor},
 };
 
 const Command& findCommand(const CommandLine& line) {
