@@ -12,7 +12,7 @@
 #include "host/ui/tab_control.h"
 #include "host/ui/window_functions.h"
 #include "host/ui/window_tree.h"
-#include "tests/session/session_fixture.h"
+#include "tests/session/editor_session_fixture.h"
 
 namespace {
 
@@ -21,26 +21,13 @@ constexpr int kAddBand = 1018;
 constexpr int kRemoveBand = 1019;
 constexpr int kPanelGainEdit = 1020;
 
-class EditorSession : public SessionTest {
+class EditorSession : public EditorSessionTest {
 protected:
     void SetUp() override {
-        SessionTest::SetUp();
-        kobal_layer::resetWindowingLayer();
-        kobal_layer::useTestClock(5000);
-        host = kobal_layer::createHostWindow("session", RECT{20, 20, 1020, 660});
-        ASSERT_TRUE(session->openEditor(host));
-        kobal_layer::pumpMessages();
-        KobalWindow* frame = kobal_layer::liveWindow(host);
-        ASSERT_EQ(frame->children.size(), 1u);
-        editor = frame->children[0];
+        EditorSessionTest::SetUp();
         panel = findBandPanel();
         ASSERT_NE(panel, nullptr);
         session->clearHostCalls();
-    }
-    void TearDown() override {
-        session->closeEditor();
-        kobal_layer::resetWindowingLayer();
-        kobal_layer::useRealClock();
     }
     // The band panel is the editor's child dialog.
     HWND findBandPanel() const {
@@ -58,8 +45,6 @@ protected:
         kobal_layer::pumpMessages();
     }
 
-    HWND host = nullptr;
-    HWND editor = nullptr;
     HWND panel = nullptr;
 };
 

@@ -14,7 +14,7 @@
 #include "host/ui/painting.h"
 #include "host/ui/window_functions.h"
 #include "host/ui/window_tree.h"
-#include "tests/session/session_fixture.h"
+#include "tests/session/editor_session_fixture.h"
 
 namespace {
 
@@ -22,16 +22,10 @@ using kobal_layer::MouseButton;
 
 constexpr int kGraph = 1023;
 
-class ResponseViewSession : public SessionTest {
+class ResponseViewSession : public EditorSessionTest {
 protected:
     void SetUp() override {
-        SessionTest::SetUp();
-        kobal_layer::resetWindowingLayer();
-        kobal_layer::useTestClock(5000);
-        host = kobal_layer::createHostWindow("session", RECT{20, 20, 1020, 660});
-        ASSERT_TRUE(session->openEditor(host));
-        kobal_layer::pumpMessages();
-        HWND editor = kobal_layer::liveWindow(host)->children.at(0);
+        EditorSessionTest::SetUp();
         graph = kobal_layer::GetDlgItem(editor, kGraph);
         ASSERT_NE(graph, nullptr);
         RECT client{};
@@ -42,11 +36,6 @@ protected:
         ASSERT_GT(height, 40);
         session->clearHostCalls();
     }
-    void TearDown() override {
-        session->closeEditor();
-        kobal_layer::resetWindowingLayer();
-        kobal_layer::useRealClock();
-    }
     // The column of a frequency and the row of 0 dB on the graph's axes.
     int columnOf(double hz) const {
         return static_cast<int>(std::log((hz - 20.0) / 23980.0 * 400.0 + 1.0) * width /
@@ -55,7 +44,6 @@ protected:
     int zeroDbRow() const { return height - static_cast<int>(12.0 * height / 24.0); }
     POINT onGraph(int x, int y) const { return kobal_layer::screenPointOf(graph, POINT{x, y}); }
 
-    HWND host = nullptr;
     HWND graph = nullptr;
     int width = 0;
     int height = 0;
