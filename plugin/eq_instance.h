@@ -10,7 +10,7 @@
 #include "editor/layout_sizer.h"
 #include "engine/eq_band.h"
 #include "engine/heap_buffer.h"
-#include "engine/spectrum_analyzer.h"
+#include "engine/live_analyzer.h"
 #include "plugin/recursive_mutex.h"
 
 class MuraBitmap;

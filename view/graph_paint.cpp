@@ -13,7 +13,7 @@
 #include "view/graph_grid.h"
 #include "view/hover_readout.h"
 #include "view/response_curve.h"
-#include "view/spectrum_curve.h"
+#include "view/analyzer_curves.h"
 
 namespace {
 

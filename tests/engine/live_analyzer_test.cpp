@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
-#include "engine/spectrum_analyzer.h"
-#include "engine/spectrum_window.h"
+#include "engine/live_analyzer.h"
+#include "engine/analysis_window.h"
 #include "plugin/host_imports.h"
 #include "tests/engine/test_instance.h"
 

@@ -1,10 +1,10 @@
-#include "view/spectrum_curve.h"
+#include "view/analyzer_curves.h"
 
 #include <cmath>
 
 #include "contracts/mura.h"
 #include "engine/heap_buffer.h"
-#include "engine/spectrum_analyzer.h"
+#include "engine/live_analyzer.h"
 #include "plugin/eq_instance.h"
 #include "plugin/host_imports.h"
 #include "plugin/parameters.h"

@@ -1,4 +1,4 @@
-#include "engine/spectrum_window.h"
+#include "engine/analysis_window.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
-#include "engine/spectrum_analyzer.h"
+#include "engine/live_analyzer.h"
 
 #include <cmath>
 
-#include "engine/spectrum_window.h"
+#include "engine/analysis_window.h"
 #include "plugin/host_imports.h"
 #include "plugin/ui_layer.h"
 

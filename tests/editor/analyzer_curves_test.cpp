@@ -8,12 +8,12 @@
 
 #include "contracts/mura.h"
 #include "engine/audio_processing.h"
-#include "engine/spectrum_analyzer.h"
+#include "engine/live_analyzer.h"
 #include "host/ui/host_clock.h"
 #include "plugin/host_imports.h"
 #include "plugin/ui_layer.h"
 #include "tests/editor/response_view_fixture.h"
-#include "view/spectrum_curve.h"
+#include "view/analyzer_curves.h"
 
 namespace {
 
