@@ -1,30 +1,17 @@
 #include "engine/audio_processing.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 
-#include "engine/biquad_kernel.h"
+#include "engine/band_cascade_run.h"
 #include "engine/output_gain.h"
 #include "plugin/eq_instance.h"
 #include "plugin/ui_layer.h"
 
 namespace {
 
-constexpr int32_t kGlideChunk = 8;  // frames between redesigns while gliding
+static_assert(kGlideChunkFrames == 8, "frames between redesigns while gliding");
 constexpr double kUnityTolerance = 5e-9;
-
-// Where a band reads and writes: the first band to run reads the host inputs,
-// every later one works on the outputs in place.
-struct BlockIo {
-    const double* in[2];
-    double* out[2];
-
-    void runKernel(EqBand& band, int32_t offset, int32_t frames) const {
-        runBandKernelScalar(band, in[0] + offset, in[1] + offset, out[0] + offset,
-                            out[1] + offset, frames);
-    }
-};
 
 // A band at unity gain that has never run would only add rounding; it is left
 // out until it has been run once (after that its history must decay).
@@ -38,45 +25,40 @@ bool glideReached(const EqBand& band) {
            band.glideBandwidth == band.bandwidth;
 }
 
-// Moves the band from its glide values to its design within the block,
+// Moves a band from its glide values to its design within the block,
 // redesigning for the values reached at the end of every chunk.
-void glideBand(EqBand& band, const BlockIo& io, int32_t frames) {
-    if (frames <= 0) return;
-    double frequencyStep = (band.frequency - band.glideFrequency) / frames;
-    double gainStep = (band.gain - band.glideGain) / frames;
-    double bandwidthStep = (band.bandwidth - band.glideBandwidth) / frames;
-    for (int32_t done = 0; done < frames;) {
-        int32_t chunk = std::min(frames - done, kGlideChunk);
+struct BandGlide {
+    struct Increments {
+        double frequency, gain, bandwidth;
+    };
+    Increments begin(const EqBand& band, int32_t frames) const {
+        return {(band.frequency - band.glideFrequency) / frames,
+                (band.gain - band.glideGain) / frames,
+                (band.bandwidth - band.glideBandwidth) / frames};
+    }
+    void advance(EqBand& band, const Increments& step, int32_t chunk) const {
         band.glideType = band.type;
-        band.glideFrequency += frequencyStep * chunk;
-        band.glideGain += gainStep * chunk;
-        band.glideBandwidth += bandwidthStep * chunk;
+        band.glideFrequency += step.frequency * chunk;
+        band.glideGain += step.gain * chunk;
+        band.glideBandwidth += step.bandwidth * chunk;
         if (!glideReached(band))
             designBand(&band, band.type, false, band.glideFrequency, band.glideGain,
                        band.glideBandwidth);
-        io.runKernel(band, done, chunk);
-        band.primed = 1;
-        done += chunk;
     }
-}
+};
 
-// Runs every band that takes part; false when none did.
+// Runs every band that takes part (runs of steady bands and of gliding bands
+// each filtered together); false when none did.
 bool runBands(EqInstance& instance, double** inputs, double** outputs, int32_t frames) {
-    BlockIo io{{inputs[0], inputs[1]}, {outputs[0], outputs[1]}};
+    BandRun<BandGlide> run(inputs, outputs, frames);
     bool anyRun = false;
     for (int32_t index = 0; index < instance.bandCount(); ++index) {
         EqBand& band = *instance.band(index);
         if (!band.enabled || isIdleAtUnity(band)) continue;
-        if (glideReached(band)) {
-            io.runKernel(band, 0, frames);
-            band.primed = 1;
-        } else {
-            glideBand(band, io, frames);
-        }
+        run.add(band, !glideReached(band));
         anyRun = true;
-        io.in[0] = outputs[0];
-        io.in[1] = outputs[1];
     }
+    run.finish();
     return anyRun;
 }
 
