@@ -4,6 +4,7 @@
 
 #include "editor/editor_controls.h"
 #include "editor/editor_messages.h"
+#include "editor/window_geometry.h"
 #include "plugin/eq_instance.h"
 #include "plugin/host_notices.h"
 #include "plugin/ui_layer.h"
@@ -12,16 +13,6 @@ namespace {
 
 // A spectrum that stopped updating is drawn once more after this long.
 constexpr uint32_t kSpectrumSilenceMilliseconds = 1000;
-
-RECT rectInParent(HWND window, HWND parent) {
-    RECT rect{};
-    kobal::GetWindowRect(window, &rect);
-    POINT topLeft{rect.left, rect.top};
-    POINT bottomRight{rect.right, rect.bottom};
-    kobal::ScreenToClient(parent, &topLeft);
-    kobal::ScreenToClient(parent, &bottomRight);
-    return RECT{topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
-}
 
 void fitToParent(EqInstance* instance, HWND editor, bool always, const RECT& minimumSize) {
     HWND parent = kobal::GetParent(editor);

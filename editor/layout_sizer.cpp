@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "editor/window_geometry.h"
 #include "plugin/ui_layer.h"
 
 namespace {
@@ -20,13 +21,7 @@ LONG edgeShift(int32_t delta, float scale) {
 
 // The control's rectangle in the dialog's client coordinates.
 RECT measureInDialog(HWND dialog, HWND control) {
-    RECT screen{};
-    kobal::GetWindowRect(control, &screen);
-    POINT topLeft{screen.left, screen.top};
-    POINT bottomRight{screen.right, screen.bottom};
-    kobal::ScreenToClient(dialog, &topLeft);
-    kobal::ScreenToClient(dialog, &bottomRight);
-    RECT rect{topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+    RECT rect = rectInParent(control, dialog);
     if (rect.bottom < rect.top) std::swap(rect.top, rect.bottom);
     return rect;
 }
