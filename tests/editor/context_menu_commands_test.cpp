@@ -47,18 +47,14 @@ protected:
         EXPECT_TRUE(menu.has_value());
         return menu ? findItem(*menu, id).value_or(MenuItemView{}) : MenuItemView{};
     }
-    int changeNotices() const {
+    // The general change notices, or with `change` false all the others.
+    int changeNotices(bool change = true) const {
         int count = 0;
         for (const HostNotice& n : notices())
-            count += n.opcode == audioMasterAutomate && n.index == -1;
+            count += (n.opcode == audioMasterAutomate && n.index == -1) == change;
         return count;
     }
-    int otherNotices() const {
-        int count = 0;
-        for (const HostNotice& n : notices())
-            count += !(n.opcode == audioMasterAutomate && n.index == -1);
-        return count;
-    }
+    int otherNotices() const { return changeNotices(false); }
 };
 
 TEST_F(ContextMenuTest, RightClickOnAHandleSelectsItAndOffersEveryItem) {

@@ -29,6 +29,14 @@ bool isHostChanged(const HostNotice& notice) {
     return notice.opcode == audioMasterAutomate && notice.index == -1 && notice.opt == 0.0f;
 }
 
+// Exactly a changed parameter list, then the general change notice.
+void expectListChangeThenChanged(const std::vector<HostNotice>& sent, int32_t first,
+                                 int32_t delta) {
+    ASSERT_EQ(sent.size(), 2u);
+    EXPECT_TRUE(isListChange(sent[0], first, delta));
+    EXPECT_TRUE(isHostChanged(sent[1]));
+}
+
 TEST_F(EditorCommandsTest, AddBandAppendsAFlatBellSelectsItAndTellsTheHost) {
     click(kAddBandButton);
     ASSERT_EQ(instance->bandCount(), 5);
@@ -42,10 +50,7 @@ TEST_F(EditorCommandsTest, AddBandAppendsAFlatBellSelectsItAndTellsTheHost) {
     EXPECT_EQ(added.gain, 1.0);
     EXPECT_EQ(added.bandwidth, 2.0);
     EXPECT_NE(added.enabled, 0);
-    const std::vector<HostNotice> sent = notices();
-    ASSERT_EQ(sent.size(), 2u);
-    EXPECT_TRUE(isListChange(sent[0], 12, 3));
-    EXPECT_TRUE(isHostChanged(sent[1]));
+    expectListChangeThenChanged(notices(), 12, 3);
 }
 
 TEST_F(EditorCommandsTest, AddBandFirstClosesTheOpenEditGesture) {
@@ -71,10 +76,7 @@ TEST_F(EditorCommandsTest, RemovingABandInTheMiddleKeepsItsIndexForTheNextBand) 
     EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3"}));
     EXPECT_EQ(currentTab(), 1);
     EXPECT_EQ(instance->suspendSetParameter, 0);
-    const std::vector<HostNotice> sent = notices();
-    ASSERT_EQ(sent.size(), 2u);
-    EXPECT_TRUE(isListChange(sent[0], 3, -3));
-    EXPECT_TRUE(isHostChanged(sent[1]));
+    expectListChangeThenChanged(notices(), 3, -3);
 }
 
 TEST_F(EditorCommandsTest, RemovingTheLastBandSelectsTheOneBeforeIt) {
@@ -108,10 +110,7 @@ TEST_F(EditorCommandsTest, ResetDefaultsAfterAnAddTellsTheHostOfTheShorterList) 
     EXPECT_EQ(instance->selectedBand, 0);
     EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4"}));
     EXPECT_EQ(currentTab(), 0);
-    const std::vector<HostNotice> sent = notices();
-    ASSERT_EQ(sent.size(), 2u);
-    EXPECT_TRUE(isListChange(sent[0], 12, -6));
-    EXPECT_TRUE(isHostChanged(sent[1]));
+    expectListChangeThenChanged(notices(), 12, -6);
 }
 
 TEST_F(EditorCommandsTest, ResetDefaultsAfterARemovalTellsTheHostOfTheLongerList) {

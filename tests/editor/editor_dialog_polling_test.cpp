@@ -45,21 +45,16 @@ TEST_F(EditorPollingTest, OutsideChangeOfTheBandCountRebuildsTheTabsOnTheNextPol
     EXPECT_EQ(tabTexts().size(), 5u);
 }
 
-TEST_F(EditorPollingTest, HoverEndsOnceThePointerIsOffTheGraph) {
-    instance->hoverBand = 2;
-    instance->hoverFlags = 1;
-    kobal_layer::moveMouse(kobal_layer::screenPointOf(control(kBandTabs), POINT{5, 5}));
-    advanceClock(40);
-    EXPECT_EQ(instance->hoverBand, -1);
-    EXPECT_EQ(instance->hoverFlags, 0);
-}
-
-TEST_F(EditorPollingTest, HoverStaysWhileThePointerIsOnTheGraph) {
+TEST_F(EditorPollingTest, HoverStaysWhileThePointerIsOnTheGraphAndEndsOnceItIsOff) {
     kobal_layer::moveMouse(kobal_layer::screenPointOf(control(kResponseViewControl), POINT{3, 3}));
     instance->hoverBand = 2;
     instance->hoverFlags = 1;
     advanceClock(40);
     EXPECT_EQ(instance->hoverBand, 2);
+    kobal_layer::moveMouse(kobal_layer::screenPointOf(control(kBandTabs), POINT{5, 5}));
+    advanceClock(40);
+    EXPECT_EQ(instance->hoverBand, -1);
+    EXPECT_EQ(instance->hoverFlags, 0);
 }
 
 TEST_F(EditorPollingTest, QuietSpectrumIsForgottenAfterOneSecond) {

@@ -93,10 +93,20 @@ TEST_F(LayoutSizerTest, InitTakesTheReferenceSizeFromTheClientAreaOrTheGivenRect
     EXPECT_EQ(sizer.refWidth, 300);
 }
 
+// In dialog coordinates wherever the dialog stands, unless an initial
+// rectangle is given; unknown ids and unbound sizers add nothing.
 TEST_F(LayoutSizerTest, AddItemMeasuresTheControlInDialogCoordinates) {
+    sizer.addItem(kLeftBox, 0, 0, 1, 1);
+    EXPECT_EQ(sizer.items.count<SizerItem>(), 0);
+    kobal::SetWindowPos(dialog, nullptr, 300, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     sizer.init(dialog, nullptr);
+    sizer.addItem(4711, 0, 0, 1, 1);
+    EXPECT_EQ(sizer.items.data, nullptr);
     sizer.addItem(kRightBox, 1, 0, 1, 0);
-    ASSERT_EQ(sizer.items.count<SizerItem>(), 1);
+    sizer.addItem(kLeftBox, 0, 0, 1, 1);
+    const RECT initial{1, 2, 3, 4};
+    sizer.addItem(kLeftBox, 0, 0, 0, 0, &initial);
+    ASSERT_EQ(sizer.items.count<SizerItem>(), 3);
     const SizerItem& item = sizer.items.as<SizerItem>()[0];
     EXPECT_EQ(item.window, control(kRightBox));
     EXPECT_RECT(item.origRect, 120, 10, 190, 40);
@@ -104,42 +114,8 @@ TEST_F(LayoutSizerTest, AddItemMeasuresTheControlInDialogCoordinates) {
     EXPECT_RECT(item.lastRect, 120, 10, 190, 40);
     EXPECT_EQ(item.scales[0], 1.0f);
     EXPECT_EQ(item.scales[1], 0.0f);
-}
-
-TEST_F(LayoutSizerTest, AddItemMeasuresTheSameAfterTheDialogMoved) {
-    kobal::SetWindowPos(dialog, nullptr, 300, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    sizer.init(dialog, nullptr);
-    sizer.addItem(kLeftBox, 0, 0, 1, 1);
-    ASSERT_EQ(sizer.items.count<SizerItem>(), 1);
-    EXPECT_RECT(sizer.items.as<SizerItem>()[0].origRect, 10, 20, 60, 50);
-}
-
-TEST_F(LayoutSizerTest, AddItemIgnoresUnknownIdsAndUnboundSizers) {
-    sizer.addItem(kLeftBox, 0, 0, 1, 1);
-    EXPECT_EQ(sizer.items.count<SizerItem>(), 0);
-    sizer.init(dialog, nullptr);
-    sizer.addItem(4711, 0, 0, 1, 1);
-    EXPECT_EQ(sizer.items.count<SizerItem>(), 0);
-    EXPECT_EQ(sizer.items.data, nullptr);
-}
-
-TEST_F(LayoutSizerTest, AnExplicitInitialRectangleReplacesTheMeasurement) {
-    sizer.init(dialog, nullptr);
-    const RECT initial{1, 2, 3, 4};
-    sizer.addItem(kLeftBox, 0, 0, 0, 0, &initial);
-    ASSERT_EQ(sizer.items.count<SizerItem>(), 1);
-    EXPECT_RECT(sizer.items.as<SizerItem>()[0].addedRect, 1, 2, 3, 4);
-}
-
-TEST_F(LayoutSizerTest, UnchangedSizeLeavesEveryControlWhereItWas) {
-    sizer.init(dialog, nullptr);
-    sizer.addItem(kLeftBox, 0, 0, 1, 1);
-    sizer.addItem(kRightBox, 1, 0, 1, 0);
-    sizer.addItem(kBottomBox, 0, 1, 1, 1);
-    sizer.applyLayout(nullptr, false, 0, 0);
-    EXPECT_RECT(rectInParent(control(kLeftBox)), 10, 20, 60, 50);
-    EXPECT_RECT(rectInParent(control(kRightBox)), 120, 10, 190, 40);
-    EXPECT_RECT(rectInParent(control(kBottomBox)), 10, 70, 190, 90);
+    EXPECT_RECT(sizer.items.as<SizerItem>()[1].origRect, 10, 20, 60, 50);
+    EXPECT_RECT(sizer.items.as<SizerItem>()[2].addedRect, 1, 2, 3, 4);
 }
 
 TEST_F(LayoutSizerTest, EdgesFollowTheirShareOfTheChange) {
@@ -147,27 +123,27 @@ TEST_F(LayoutSizerTest, EdgesFollowTheirShareOfTheChange) {
     sizer.addItem(kLeftBox, 0, 0, 1, 1);    // stretches
     sizer.addItem(kRightBox, 1, 0, 1, 0);   // moves right
     sizer.addItem(kBottomBox, 0, 1, 1, 1);  // moves down, stretches across
+    layOutGrownBy(0, 0);  // unchanged size: every control stays
+    EXPECT_RECT(rectInParent(control(kLeftBox)), 10, 20, 60, 50);
+    EXPECT_RECT(rectInParent(control(kRightBox)), 120, 10, 190, 40);
+    EXPECT_RECT(rectInParent(control(kBottomBox)), 10, 70, 190, 90);
     layOutGrownBy(40, 30);
     EXPECT_RECT(rectInParent(control(kLeftBox)), 10, 20, 100, 80);
     EXPECT_RECT(rectInParent(control(kRightBox)), 160, 10, 230, 40);
     EXPECT_RECT(rectInParent(control(kBottomBox)), 10, 100, 230, 120);
 }
 
-TEST_F(LayoutSizerTest, HalfSharesAreTruncatedTowardZero) {
+TEST_F(LayoutSizerTest, HalfSharesTruncateTowardZeroAndCollapsedControlsKeepTheirCorner) {
     sizer.init(dialog, nullptr);
     sizer.addItem(kLeftBox, 0.5f, 0.5f, 0.5f, 0.5f);
+    sizer.addItem(kBottomBox, 0, 0, 1, 1);
     layOutGrownBy(-3, 3);
     // -3 * 0.5 = -1.5 moves by -1 (not -2); +3 * 0.5 = 1.5 moves by +1
     EXPECT_RECT(lastRectOf(0), 9, 21, 59, 51);
     EXPECT_RECT(rectInParent(control(kLeftBox)), 9, 21, 59, 51);
-}
-
-TEST_F(LayoutSizerTest, CollapsingControlsKeepZeroSizeAtTheirLeftAndTopEdges) {
-    sizer.init(dialog, nullptr);
-    sizer.addItem(kLeftBox, 0, 0, 1, 1);
-    layOutGrownBy(-150, -80);
-    EXPECT_RECT(lastRectOf(0), 10, 20, 10, 20);
-    EXPECT_RECT(rectInParent(control(kLeftBox)), 10, 20, 10, 20);
+    layOutGrownBy(-190, -80);  // zero size at the left and top edges
+    EXPECT_RECT(lastRectOf(1), 10, 70, 10, 70);
+    EXPECT_RECT(rectInParent(control(kBottomBox)), 10, 70, 10, 70);
 }
 
 TEST_F(LayoutSizerTest, SameIdTwiceMakesTwoItemsAndFindItemAnswersTheFirst) {

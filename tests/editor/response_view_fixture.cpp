@@ -1,15 +1,9 @@
 #include "tests/editor/response_view_fixture.h"
 
-#include <cstring>
-
 #include "contracts/mura.h"
 #include "engine/eq_band.h"
 #include "host/ui/input_injection.h"
 #include "plugin/ui_layer.h"
-
-void ResponseViewTest::SetUp() {
-    EditorDialogTest::SetUp();
-}
 
 void ResponseViewTest::openView(int width, int height) {
     openEditorIn(kHostWidth, kHostHeight);
@@ -55,10 +49,4 @@ void ResponseViewTest::silenceAllBands() {
 
 POINT ResponseViewTest::screenPoint(int x, int y) const {
     return kobal_layer::screenPointOf(view, POINT{x, y});
-}
-
-double fromBits(uint64_t bits) {
-    double value;
-    std::memcpy(&value, &bits, sizeof value);
-    return value;
 }

@@ -8,8 +8,6 @@
 
 class ResponseViewTest : public EditorDialogTest {
 protected:
-    void SetUp() override;
-
     // Opens the editor and gives the graph a client area of width by height.
     void openView(int width, int height);
     void paint();
@@ -26,6 +24,3 @@ protected:
 
     HWND view = nullptr;
 };
-
-// The double that has the given bits, for constants quoted exactly.
-double fromBits(uint64_t bits);

@@ -47,6 +47,12 @@ std::complex<double> complexResponse(const EqBand& b, double hz) {
 
 class ResponseViewGraphTest : public ResponseViewTest {
 protected:
+    // A 600 by 120 graph without grid and with every band off.
+    void openBareView() {
+        openView(600, 120);
+        instance->showGrid = 0;
+        silenceAllBands();
+    }
     EqBand designed(int32_t type, double frequency, double gain, double bandwidth) {
         setBand(2, type, frequency, gain, bandwidth);
         MutexLock lock(instance->mutex);
@@ -179,9 +185,7 @@ TEST_F(ResponseViewGraphTest, CurveStopsAtHalfTheSampleRateWithAMarkerLine) {
 }
 
 TEST_F(ResponseViewGraphTest, NoEnabledBandLeavesAFlatStripThreePixelsHigh) {
-    openView(600, 120);
-    instance->showGrid = 0;
-    silenceAllBands();
+    openBareView();
     paint();
     for (int x : {10, 300, 599}) {
         SCOPED_TRACE(x);
@@ -207,9 +211,7 @@ TEST_F(ResponseViewGraphTest, TallAxisDrawsGainLinesTwentyPixelsApartOrMore) {
 }
 
 TEST_F(ResponseViewGraphTest, SelectedBandIsARedDiscOrARedOutlineWhenDisabled) {
-    openView(600, 120);
-    instance->showGrid = 0;
-    silenceAllBands();
+    openBareView();
     setBand(2, Band, 1000.0, 1.0, 1.0);  // handle at column 285, row 60
     instance->selectedBand = 2;
     paint();
@@ -224,9 +226,7 @@ TEST_F(ResponseViewGraphTest, SelectedBandIsARedDiscOrARedOutlineWhenDisabled) {
 }
 
 TEST_F(ResponseViewGraphTest, OtherBandsAreWhiteAndPassFiltersYellow) {
-    openView(600, 120);
-    instance->showGrid = 0;
-    silenceAllBands();
+    openBareView();
     setBand(1, Band, 1000.0, 1.0, 1.0);
     setBand(2, LowPass, 200.0, 1.0, 1.0, false);
     instance->selectedBand = 0;
@@ -238,9 +238,7 @@ TEST_F(ResponseViewGraphTest, OtherBandsAreWhiteAndPassFiltersYellow) {
 }
 
 TEST_F(ResponseViewGraphTest, SilentBandHandleSitsOnTheBottomEdge) {
-    openView(600, 120);
-    instance->showGrid = 0;
-    silenceAllBands();
+    openBareView();
     setBand(1, Band, 1000.0, 1e-9, 1.0, false);
     setBand(2, Band, 3000.0, 1e-9, 1.0);
     instance->selectedBand = 0;

@@ -55,6 +55,13 @@ struct ReferenceBiquad {
     }
 };
 
+// The reference run over a whole channel.
+std::vector<double> filtered(ReferenceBiquad& reference, const std::vector<double>& in) {
+    std::vector<double> out;
+    for (double x : in) out.push_back(reference.run(x));
+    return out;
+}
+
 uint64_t bits(double value) { return std::bit_cast<uint64_t>(value); }
 
 void expectSameSamples(const std::vector<double>& actual, const std::vector<double>& expected) {
@@ -63,28 +70,28 @@ void expectSameSamples(const std::vector<double>& actual, const std::vector<doub
         ASSERT_EQ(bits(actual[i]), bits(expected[i])) << "sample " << i;
 }
 
+void expectPassThrough(const StereoBlock& io) {
+    expectSameSamples(io.out[0], io.in[0]);
+    expectSameSamples(io.out[1], io.in[1]);
+}
+
 HWND fakeEditorWindow() { return reinterpret_cast<HWND>(static_cast<uintptr_t>(0x1000)); }
 
 }  // namespace
 
-TEST(AudioProcessing, DefaultBandsPassTheInputThroughExactly) {
+TEST(AudioProcessing, DefaultAndDisabledBandsPassTheInputThroughExactly) {
     auto instance = makeTestInstance();
     ASSERT_TRUE(loadDefaultBands(instance.get()));
     for (int block = 0; block < 3; ++block) {
         StereoBlock io(256, block + 1);
         io.process(instance.get());
-        expectSameSamples(io.out[0], io.in[0]);
-        expectSameSamples(io.out[1], io.in[1]);
+        expectPassThrough(io);
     }
-}
-
-TEST(AudioProcessing, DisabledBandsAreSkipped) {
-    auto instance = makeTestInstance();
-    addTestBand(instance.get(), Band, 1000.0, 4.0, 1.0)->enabled = 0;
+    auto disabled = makeTestInstance();
+    addTestBand(disabled.get(), Band, 1000.0, 4.0, 1.0)->enabled = 0;
     StereoBlock io(64);
-    io.process(instance.get());
-    expectSameSamples(io.out[0], io.in[0]);
-    expectSameSamples(io.out[1], io.in[1]);
+    io.process(disabled.get());
+    expectPassThrough(io);
 }
 
 TEST(AudioProcessing, BandsRunInSeriesInListOrder) {
@@ -96,9 +103,7 @@ TEST(AudioProcessing, BandsRunInSeriesInListOrder) {
 
     ReferenceBiquad first{referencePeaking(44100.0, 1000.0, 4.0, 1.0)};
     ReferenceBiquad second{referenceFilter(LowPass, 44100.0, 3000.0, 0.7)};
-    std::vector<double> expected;
-    for (double x : io.in[0]) expected.push_back(second.run(first.run(x)));
-    expectSameSamples(io.out[0], expected);
+    expectSameSamples(io.out[0], filtered(second, filtered(first, io.in[0])));
 }
 
 TEST(AudioProcessing, InPlaceBuffersGiveTheSameResult) {
@@ -124,7 +129,7 @@ TEST(AudioProcessing, GlideRedesignsEveryEightSamples) {
     warmUp.process(instance.get());
 
     ReferenceBiquad reference{referencePeaking(44100.0, 1000.0, 4.0, 1.0)};
-    for (double x : warmUp.in[0]) reference.run(x);
+    filtered(reference, warmUp.in[0]);
 
     designBand(band, Band, false, 2000.0, 4.0, 1.0);
     StereoBlock glide(64, 4);
@@ -140,9 +145,7 @@ TEST(AudioProcessing, GlideRedesignsEveryEightSamples) {
 
     StereoBlock steady(40, 5);
     steady.process(instance.get());
-    expected.clear();
-    for (double x : steady.in[0]) expected.push_back(reference.run(x));
-    expectSameSamples(steady.out[0], expected);
+    expectSameSamples(steady.out[0], filtered(reference, steady.in[0]));
 }
 
 TEST(AudioProcessing, ShortBlocksFinishTheGlideInOneBlock) {
@@ -152,9 +155,7 @@ TEST(AudioProcessing, ShortBlocksFinishTheGlideInOneBlock) {
     StereoBlock io(5);  // one chunk of 5 frames
     io.process(instance.get());
     ReferenceBiquad reference{referencePeaking(44100.0, 1000.0, 4.0, 2.0)};
-    std::vector<double> expected;
-    for (double x : io.in[0]) expected.push_back(reference.run(x));
-    expectSameSamples(io.out[0], expected);
+    expectSameSamples(io.out[0], filtered(reference, io.in[0]));
     EXPECT_EQ(band->glideGain, 4.0);
     EXPECT_EQ(band->glideBandwidth, 2.0);
 }
@@ -214,9 +215,7 @@ TEST(AudioProcessing, PassFiltersRunEvenAtUnityGain) {
     StereoBlock io(32);
     io.process(instance.get());
     ReferenceBiquad reference{referenceFilter(Notch, 44100.0, 1000.0, 1.0)};
-    std::vector<double> expected;
-    for (double x : io.in[0]) expected.push_back(reference.run(x));
-    expectSameSamples(io.out[0], expected);
+    expectSameSamples(io.out[0], filtered(reference, io.in[0]));
 }
 
 TEST(AudioProcessing, OutputGainRampsToANewValue) {
@@ -235,7 +234,7 @@ TEST(AudioProcessing, OutputGainRampsToANewValue) {
     for (int i = 0; i < n; ++i) ASSERT_EQ(steady.out[0][i], steady.in[0][i] * 0.5);
 }
 
-TEST(AudioProcessing, UnityOutputGainIsNeverRamped) {
+TEST(AudioProcessing, UnityOutputGainIsNeverRampedAndNearZeroMutes) {
     auto instance = makeTestInstance();
     instance->outputGain = 0.5;
     instance->currentOutputGain = 0.5;
@@ -249,16 +248,12 @@ TEST(AudioProcessing, UnityOutputGainIsNeverRamped) {
     StereoBlock ramp(10);
     ramp.process(instance.get());
     EXPECT_EQ(ramp.out[1][0], ramp.in[1][0] * (1.0 + (0.8 - 1.0) / 10));
-}
 
-TEST(AudioProcessing, NearZeroOutputGainMutes) {
-    auto instance = makeTestInstance();
-    instance->outputGain = 1e-7;
-    instance->currentOutputGain = 1e-7;
-    StereoBlock io(64);
-    io.process(instance.get());
+    instance->outputGain = instance->currentOutputGain = 1e-7;  // near zero mutes
+    StereoBlock muted(64);
+    muted.process(instance.get());
     for (int c = 0; c < 2; ++c)
-        for (double s : io.out[c]) ASSERT_EQ(s, 0.0);
+        for (double s : muted.out[c]) ASSERT_EQ(s, 0.0);
 }
 
 TEST(AudioProcessing, ZeroFrameBlocksOnlyStampTheTick) {
@@ -279,7 +274,7 @@ TEST(AudioProcessing, ZeroFrameBlocksOnlyStampTheTick) {
     EXPECT_EQ(instance->band(0)->historyLeft.x1, 0.0);
 }
 
-TEST(AudioProcessing, OpenEditorCapturesInputAndOutput) {
+TEST(AudioProcessing, OnlyAnOpenEditorCapturesInputAndOutput) {
     auto instance = makeTestInstance();
     instance->outputGain = 0.5;
     instance->currentOutputGain = 0.5;
@@ -294,16 +289,13 @@ TEST(AudioProcessing, OpenEditorCapturesInputAndOutput) {
     EXPECT_EQ(instance->inputAnalyzer.writeIndex, 16);
     EXPECT_EQ(instance->outputAnalyzer.hasNewData, 1);
     EXPECT_EQ(instance->spectrumTick, 77u);
-}
 
-TEST(AudioProcessing, ClosedEditorCapturesNothing) {
-    auto instance = makeTestInstance();
+    auto closed = makeTestInstance();  // no editor: nothing captured, no tick
     fakeTickNow = 99;
-    StereoBlock io(16);
-    io.process(instance.get());
-    EXPECT_EQ(instance->inputAnalyzer.writeIndex, 0);
-    EXPECT_EQ(instance->outputAnalyzer.hasNewData, 0);
-    EXPECT_EQ(instance->spectrumTick, 0u);
+    io.process(closed.get());
+    EXPECT_EQ(closed->inputAnalyzer.writeIndex, 0);
+    EXPECT_EQ(closed->outputAnalyzer.hasNewData, 0);
+    EXPECT_EQ(closed->spectrumTick, 0u);
 }
 
 TEST(AudioProcessing, ResetAtANewSampleRateRedesignsWithoutGlide) {
@@ -335,7 +327,7 @@ TEST(AudioProcessing, ResetAtANewSampleRateRedesignsWithoutGlide) {
     EXPECT_EQ(instance->gestureParam, -1);
 }
 
-TEST(AudioProcessing, SinglePrecisionEntriesWriteNothing) {
+TEST(AudioProcessing, SinglePrecisionAndInstanceLessCallsWriteNothing) {
     auto instance = makeTestInstance();
     float in[4] = {1, 2, 3, 4}, outLeft[4] = {9, 9, 9, 9}, outRight[4] = {9, 9, 9, 9};
     float* inputs[2] = {in, in};
@@ -343,9 +335,7 @@ TEST(AudioProcessing, SinglePrecisionEntriesWriteNothing) {
     processSinglePrecision(&instance->effect, inputs, outputs, 4);
     EXPECT_EQ(outLeft[3], 9.0f);
     EXPECT_EQ(outRight[0], 9.0f);
-}
 
-TEST(AudioProcessing, AnEffectWithoutInstanceIsIgnored) {
     AEffect effect{};
     StereoBlock io(8);
     processDoubleReplacing(&effect, io.inputs, io.outputs, 8);

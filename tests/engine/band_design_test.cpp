@@ -23,22 +23,71 @@ bool sameCoefficientBits(const EqBand& a, const EqBand& b) {
     return std::memcmp(&a.a1, &b.a1, 5 * sizeof(double)) == 0;
 }
 
-}  // namespace
-
-TEST(BandDesign, ShelvesFollowTheCookbookWithSlopeFromBandwidth) {
-    expectCoefficients(*designed(LowShelf, 200.0, 4.0, 2.0),
-                       referenceLowShelf(kRate, 200.0, 4.0, 0.25));
-    expectCoefficients(*designed(HighShelf, 6000.0, 0.3, 1.5),
-                       referenceHighShelf(kRate, 6000.0, 0.3, 1 / (1.5 * 1.5)));
+void expectGlide(const EqBand& band, int32_t type, double frequency, double gain,
+                 double bandwidth) {
+    EXPECT_EQ(band.glideType, type);
+    EXPECT_EQ(band.glideFrequency, frequency);
+    EXPECT_EQ(band.glideGain, gain);
+    EXPECT_EQ(band.glideBandwidth, bandwidth);
 }
 
-TEST(BandDesign, PeakingTypesFollowTheCookbook) {
-    expectCoefficients(*designed(Band, 1000.0, 2.5, 1.0),
-                       referencePeaking(kRate, 1000.0, 2.5, 1.0));
-    expectCoefficients(*designed(BandAlt, 3000.0, 0.2, 0.5),
-                       referencePeaking(kRate, 3000.0, 0.2, 0.5));
-    expectCoefficients(*designed(BandAlt2, 700.0, 3.0, 1.2),
-                       referencePeaking(kRate, 700.0, 3.0, 1.2, true));
+}  // namespace
+
+// Designs and the cookbook values they must match: plain designs, the
+// quarter-turn warp above pi/2, substitutions of near-silent sections and
+// the clamps of gain, frequency and bandwidth.
+TEST(BandDesign, DesignsMatchTheCookbookAfterClampsAndSubstitutions) {
+    struct Case {
+        const char* what;
+        int32_t type;
+        double frequency, gain, bandwidth;
+        ReferenceCoefficients expected;
+    } cases[] = {
+        {"low shelf, slope from bandwidth", LowShelf, 200.0, 4.0, 2.0,
+         referenceLowShelf(kRate, 200.0, 4.0, 0.25)},
+        {"high shelf", HighShelf, 6000.0, 0.3, 1.5,
+         referenceHighShelf(kRate, 6000.0, 0.3, 1 / (1.5 * 1.5))},
+        {"band", Band, 1000.0, 2.5, 1.0, referencePeaking(kRate, 1000.0, 2.5, 1.0)},
+        {"band alt", BandAlt, 3000.0, 0.2, 0.5, referencePeaking(kRate, 3000.0, 0.2, 0.5)},
+        {"band alt 2", BandAlt2, 700.0, 3.0, 1.2, referencePeaking(kRate, 700.0, 3.0, 1.2, true)},
+        {"band above pi/2", Band, 15000.0, 2.0, 1.0, referencePeaking(kRate, 15000.0, 2.0, 1.0)},
+        {"band pass above pi/2", BandPass, 18000.0, 1.0, 0.3,
+         referenceFilter(BandPass, kRate, 18000.0, 0.3)},
+        {"near-silent low shelf is a high pass", LowShelf, 150.0, 0.005, 0.8,
+         referenceFilter(HighPass, kRate, 150.0, 0.8)},
+        {"low shelf at 0.01 stays a shelf", LowShelf, 150.0, 0.01, 1.5,
+         referenceLowShelf(kRate, 150.0, 0.01, 1 / (1.5 * 1.5))},
+        {"near-silent high shelf is a low pass", HighShelf, 8000.0, 0.005, 0.8,
+         referenceFilter(LowPass, kRate, 8000.0, 0.8)},
+        {"near-silent band is a notch", Band, 1000.0, 0.0005, 1.0,
+         referenceFilter(Notch, kRate, 1000.0, 1.0)},
+        {"near-silent band alt keeps cutting", BandAlt, 1000.0, 0.0005, 1.0,
+         referencePeaking(kRate, 1000.0, 0.0005, 1.0)},
+        {"deepest cut is 3e-5", BandAlt, 1000.0, 1e-6, 1.0,
+         referencePeaking(kRate, 1000.0, 3e-5, 1.0)},
+        {"gain above 64", Band, 1000.0, 100.0, 1.0, referencePeaking(kRate, 1000.0, 64.0, 1.0)},
+        {"gain zero", BandAlt, 1000.0, 0.0, 1.0, referencePeaking(kRate, 1000.0, 3e-5, 1.0)},
+        {"frequency below 10 Hz", Band, 5.0, 2.0, 1.0, referencePeaking(kRate, 10.0, 2.0, 1.0)},
+        {"frequency above 0.49 of the rate", Band, 30000.0, 2.0, 1.0,
+         referencePeaking(kRate, 0.49 * kRate, 2.0, 1.0)},
+        {"zero bandwidth of a band", Band, 1000.0, 2.0, 0.0,
+         referencePeaking(kRate, 1000.0, 2.0, 0.01)},
+        {"zero bandwidth of a shelf", LowShelf, 300.0, 2.0, 0.0,
+         referenceLowShelf(kRate, 300.0, 2.0, 1.2)},
+        {"wide shelf", HighShelf, 3000.0, 2.0, 20.0, referenceHighShelf(kRate, 3000.0, 2.0, 0.01)},
+        {"1/0.9^2 is above the steepest slope", LowShelf, 300.0, 2.0, 0.9,
+         referenceLowShelf(kRate, 300.0, 2.0, 1.2)},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        auto band = designed(c.type, c.frequency, c.gain, c.bandwidth);
+        expectCoefficients(*band, c.expected);
+        EXPECT_EQ(band->type, c.type);  // the stored values are what the user chose
+        EXPECT_EQ(band->frequency, c.frequency);
+    }
+    EXPECT_NEAR(0.49 * kRate, 21609.0, 1e-9);
+    EXPECT_NEAR(responseDb(*designed(BandAlt, 1000.0, 0.0005, 1.0), 1000.0), -66.02, 0.005);
+    EXPECT_NEAR(responseDb(*designed(BandAlt, 1000.0, 1e-6, 1.0), 1000.0), -90.46, 0.005);
 }
 
 TEST(BandDesign, PassFiltersFollowTheCookbookAndIgnoreGain) {
@@ -49,69 +98,8 @@ TEST(BandDesign, PassFiltersFollowTheCookbookAndIgnoreGain) {
         EXPECT_TRUE(sameCoefficientBits(*designed(type, 2500.0, 7.0, 0.7),
                                         *designed(type, 2500.0, 0.001, 0.7)));
     }
-}
-
-TEST(BandDesign, HighFrequenciesUseAQuarterTurnWarp) {
-    // w0 above pi/2: the bandwidth warp stops growing.
-    expectCoefficients(*designed(Band, 15000.0, 2.0, 1.0),
-                       referencePeaking(kRate, 15000.0, 2.0, 1.0));
-    expectCoefficients(*designed(BandPass, 18000.0, 1.0, 0.3),
-                       referenceFilter(BandPass, kRate, 18000.0, 0.3));
-}
-
-TEST(BandDesign, NearSilentShelvesBecomePassFilters) {
-    auto lowShelf = designed(LowShelf, 150.0, 0.005, 0.8);
-    auto highPass = designed(HighPass, 150.0, 1.0, 0.8);
-    EXPECT_TRUE(sameCoefficientBits(*lowShelf, *highPass));
-    expectCoefficients(*lowShelf, referenceFilter(HighPass, kRate, 150.0, 0.8));
-    EXPECT_EQ(lowShelf->type, LowShelf);  // the stored type is what the user chose
-
-    expectCoefficients(*designed(LowShelf, 150.0, 0.01, 1.5),
-                       referenceLowShelf(kRate, 150.0, 0.01, 1 / (1.5 * 1.5)));
-    expectCoefficients(*designed(HighShelf, 8000.0, 0.005, 0.8),
-                       referenceFilter(LowPass, kRate, 8000.0, 0.8));
-}
-
-TEST(BandDesign, NearSilentBandBecomesNotchButAltBandKeepsCutting) {
-    expectCoefficients(*designed(Band, 1000.0, 0.0005, 1.0),
-                       referenceFilter(Notch, kRate, 1000.0, 1.0));
-    auto alt = designed(BandAlt, 1000.0, 0.0005, 1.0);
-    expectCoefficients(*alt, referencePeaking(kRate, 1000.0, 0.0005, 1.0));
-    EXPECT_NEAR(responseDb(*alt, 1000.0), -66.02, 0.005);
-    // The deepest cut: any gain below 3e-5 designs as 3e-5.
-    auto deepest = designed(BandAlt, 1000.0, 1e-6, 1.0);
-    expectCoefficients(*deepest, referencePeaking(kRate, 1000.0, 3e-5, 1.0));
-    EXPECT_NEAR(responseDb(*deepest, 1000.0), -90.46, 0.005);
-}
-
-TEST(BandDesign, GainIsClampedToItsRange) {
-    expectCoefficients(*designed(Band, 1000.0, 100.0, 1.0),
-                       referencePeaking(kRate, 1000.0, 64.0, 1.0));
-    expectCoefficients(*designed(BandAlt, 1000.0, 0.0, 1.0),
-                       referencePeaking(kRate, 1000.0, 3e-5, 1.0));
-}
-
-TEST(BandDesign, FrequencyIsClampedBetweenTenHzAndBelowNyquist) {
-    auto low = designed(Band, 5.0, 2.0, 1.0);
-    expectCoefficients(*low, referencePeaking(kRate, 10.0, 2.0, 1.0));
-    EXPECT_EQ(low->frequency, 5.0);
-
-    auto high = designed(Band, 30000.0, 2.0, 1.0);
-    expectCoefficients(*high, referencePeaking(kRate, 0.49 * kRate, 2.0, 1.0));
-    EXPECT_NEAR(0.49 * kRate, 21609.0, 1e-9);
-    EXPECT_EQ(high->frequency, 30000.0);
-}
-
-TEST(BandDesign, BandwidthLimitsKeepSectionsInRange) {
-    expectCoefficients(*designed(Band, 1000.0, 2.0, 0.0),
-                       referencePeaking(kRate, 1000.0, 2.0, 0.01));
-    expectCoefficients(*designed(LowShelf, 300.0, 2.0, 0.0),
-                       referenceLowShelf(kRate, 300.0, 2.0, 1.2));
-    expectCoefficients(*designed(HighShelf, 3000.0, 2.0, 20.0),
-                       referenceHighShelf(kRate, 3000.0, 2.0, 0.01));
-    // 1/0.9^2 is above the steepest slope.
-    expectCoefficients(*designed(LowShelf, 300.0, 2.0, 0.9),
-                       referenceLowShelf(kRate, 300.0, 2.0, 1.2));
+    EXPECT_TRUE(sameCoefficientBits(*designed(LowShelf, 150.0, 0.005, 0.8),
+                                    *designed(HighPass, 150.0, 1.0, 0.8)));
 }
 
 TEST(BandDesign, UnityGainPeakingSectionsAreFlat) {
@@ -123,18 +111,14 @@ TEST(BandDesign, UnityGainPeakingSectionsAreFlat) {
     }
 }
 
-TEST(BandDesign, UnknownTypesPassThroughWithoutAName) {
-    for (int32_t type : {12, -3, 10}) {
-        auto band = designed(type, 1000.0, 2.0, 1.0);
-        expectCoefficients(*band, {0.0, 0.0, 1.0, 0.0, 0.0});
-        EXPECT_STREQ(bandTypeName(type), "");
-    }
-}
-
-TEST(BandDesign, TypeNamesFollowTheCodes) {
+TEST(BandDesign, TypeNamesFollowTheCodesAndUnknownTypesPassThroughWithoutAName) {
     const char* names[] = {"Low Shelf", "High Shelf", "Band (alt 2)", "Low Pass", "High Pass",
                            "All Pass",  "Notch",      "Band Pass",    "Band",     "Band (alt)"};
     for (int32_t code = 0; code < 10; ++code) EXPECT_STREQ(bandTypeName(code), names[code]);
+    for (int32_t type : {12, -3, 10}) {
+        expectCoefficients(*designed(type, 1000.0, 2.0, 1.0), {0.0, 0.0, 1.0, 0.0, 0.0});
+        EXPECT_STREQ(bandTypeName(type), "");
+    }
 }
 
 TEST(BandDesign, RepeatingTheSameDesignLeavesCoefficientsAlone) {
@@ -150,25 +134,18 @@ TEST(BandDesign, RepeatingTheSameDesignLeavesCoefficientsAlone) {
     EXPECT_EQ(band->glideFrequency, 1000.0);  // snap still moves the glide
 }
 
-TEST(BandDesign, NewValuesWithoutSnapKeepTheGlidePosition) {
+TEST(BandDesign, NewValuesWithoutSnapKeepTheGlideUnlessTheTypeChanges) {
     auto band = designed(Band, 1000.0, 2.0, 1.0);
     designBand(band.get(), Band, false, 2000.0, 3.0, 0.5);
     EXPECT_EQ(band->frequency, 2000.0);
     EXPECT_EQ(band->gain, 3.0);
     EXPECT_EQ(band->bandwidth, 0.5);
-    EXPECT_EQ(band->glideFrequency, 1000.0);
-    EXPECT_EQ(band->glideGain, 2.0);
-    EXPECT_EQ(band->glideBandwidth, 1.0);
+    expectGlide(*band, Band, 1000.0, 2.0, 1.0);
     expectCoefficients(*band, referencePeaking(kRate, 2000.0, 3.0, 0.5));
-}
 
-TEST(BandDesign, ATypeChangeJumpsTheGlide) {
-    auto band = designed(Band, 1000.0, 2.0, 1.0);
-    designBand(band.get(), LowShelf, false, 2000.0, 3.0, 0.5);
-    EXPECT_EQ(band->glideType, LowShelf);
-    EXPECT_EQ(band->glideFrequency, 2000.0);
-    EXPECT_EQ(band->glideGain, 3.0);
-    EXPECT_EQ(band->glideBandwidth, 0.5);
+    auto retyped = designed(Band, 1000.0, 2.0, 1.0);
+    designBand(retyped.get(), LowShelf, false, 2000.0, 3.0, 0.5);
+    expectGlide(*retyped, LowShelf, 2000.0, 3.0, 0.5);
 }
 
 TEST(BandDesign, KeepTypeRecomputesFromStoredValues) {
@@ -197,10 +174,7 @@ TEST(BandDesign, FreshRecordsStartFromTheDefaults) {
     EXPECT_EQ(band->sampleRate, 1.0);
     EXPECT_EQ(band->enabled, 1);
     EXPECT_EQ(band->logScaleAutomation, 1);
-    EXPECT_EQ(band->glideType, Band);
-    EXPECT_EQ(band->glideFrequency, 1000.0);
-    EXPECT_EQ(band->glideGain, 1.0);
-    EXPECT_EQ(band->glideBandwidth, 1.0);
+    expectGlide(*band, Band, 1000.0, 1.0, 1.0);
     EXPECT_EQ(band->primed, 0);
     EXPECT_EQ(band->historyLeft.y1, 0.0);
     EXPECT_EQ(band->historyRight.x2, 0.0);
@@ -210,8 +184,5 @@ TEST(BandDesign, CreatedBandsTakeOverTheSampleRateWithoutGlide) {
     auto band = designed(HighShelf, 5000.0, 0.5, 2.0, 48000.0);
     EXPECT_EQ(band->sampleRate, 48000.0);
     expectCoefficients(*band, referenceHighShelf(48000.0, 5000.0, 0.5, 0.25));
-    EXPECT_EQ(band->glideType, HighShelf);
-    EXPECT_EQ(band->glideFrequency, 5000.0);
-    EXPECT_EQ(band->glideGain, 0.5);
-    EXPECT_EQ(band->glideBandwidth, 2.0);
+    expectGlide(*band, HighShelf, 5000.0, 0.5, 2.0);
 }

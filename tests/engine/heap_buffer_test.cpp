@@ -57,7 +57,7 @@ TEST(HeapBuffer, LargeSizesReserveHalfAgainInWholePages) {
     EXPECT_EQ(huge.capacity, 5906 * 4096 - 96);
 }
 
-TEST(HeapBuffer, SmallDropsOnlyLowerTheSize) {
+TEST(HeapBuffer, SmallDropsOnlyLowerTheSizeAndDropsBelowHalfReleaseStorage) {
     OwnedBuffer buffer;
     void* data = buffer.resize(100000);
     int32_t capacity = buffer.capacity;  // 147360
@@ -70,11 +70,7 @@ TEST(HeapBuffer, SmallDropsOnlyLowerTheSize) {
     page.resize(1);
     EXPECT_EQ(page.capacity, 8096);
     EXPECT_EQ(page.size, 1);
-}
 
-TEST(HeapBuffer, DropsBelowHalfReleaseStorage) {
-    OwnedBuffer buffer;
-    buffer.resize(100000);
     buffer.resize(73679);  // one byte below half of 147360
     // extra 36839 -> 32768; (73679 + 32768 + 96) down to pages is 26 pages.
     EXPECT_EQ(buffer.capacity, 26 * 4096 - 96);
@@ -91,21 +87,15 @@ TEST(HeapBuffer, ShrinkingWithoutLeaveKeepsTheStorage) {
     EXPECT_EQ(buffer.capacity, 36 * 4096 - 96);
 }
 
-TEST(HeapBuffer, SizeZeroFreesTheStorage) {
-    OwnedBuffer buffer;
-    buffer.resize(100);
-    EXPECT_EQ(buffer.resize(0), nullptr);
-    EXPECT_EQ(buffer.data, nullptr);
-    EXPECT_EQ(buffer.capacity, 0);
-    EXPECT_EQ(buffer.size, 0);
-}
-
-TEST(HeapBuffer, NegativeSizesCountAsZero) {
-    OwnedBuffer buffer;
-    buffer.resize(100);
-    EXPECT_EQ(buffer.resize(-5), nullptr);
-    EXPECT_EQ(buffer.size, 0);
-    EXPECT_EQ(buffer.capacity, 0);
+TEST(HeapBuffer, SizeZeroOrNegativeFreesTheStorage) {
+    for (int32_t size : {0, -5}) {
+        OwnedBuffer buffer;
+        buffer.resize(100);
+        EXPECT_EQ(buffer.resize(size), nullptr) << size;
+        EXPECT_EQ(buffer.data, nullptr);
+        EXPECT_EQ(buffer.capacity, 0);
+        EXPECT_EQ(buffer.size, 0);
+    }
 }
 
 TEST(HeapBuffer, FineGranularityReservesHalfAgain) {

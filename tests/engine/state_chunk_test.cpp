@@ -131,34 +131,29 @@ TEST(StateChunk, LoadedBandsAreDesignedForTheInstanceRateWithoutGlide) {
     expectCoefficients(shelf, referenceHighShelf(48000.0, 6000.0, 2.0, 1.0));
     EXPECT_EQ(shelf.glideFrequency, 6000.0);
     EXPECT_EQ(shelf.glideGain, 2.0);
-    EXPECT_EQ(shelf.logScaleAutomation, 0);
     EXPECT_EQ(instance->band(1)->enabled, 0);
-    EXPECT_EQ(instance->band(1)->logScaleAutomation, 1);  // bit 0 of 0xFF
     EXPECT_EQ(instance->effect.numParams, 6);
     EXPECT_EQ(instance->refreshRequested, 1);
     EXPECT_EQ(instance->outputGain, 0.25);
-    EXPECT_EQ(instance->editorWidth, 800);
 }
 
-TEST(StateChunk, OldRecordsLoadWithoutTheFlag) {
-    auto instance = makeTestInstance();
-    readChunk(instance.get(), fullTrailer(twoBands(32)));
-    ASSERT_EQ(instance->bandCount(), 2);
-    EXPECT_EQ(instance->band(0)->logScaleAutomation, 0);
-    EXPECT_EQ(instance->band(1)->logScaleAutomation, 0);
-    EXPECT_EQ(instance->band(1)->frequency, 250.0);
-    EXPECT_EQ(instance->editorHeight, 600);
-}
-
-TEST(StateChunk, LongerRecordsSkipTheirExtraBytes) {
-    auto instance = makeTestInstance();
-    readChunk(instance.get(), fullTrailer(twoBands(45)));
-    ASSERT_EQ(instance->bandCount(), 2);
-    EXPECT_EQ(instance->band(1)->type, Notch);
-    EXPECT_EQ(instance->band(1)->bandwidth, 0.5);
-    EXPECT_EQ(instance->band(1)->logScaleAutomation, 1);
-    EXPECT_EQ(instance->viewFlags, 1);
-    EXPECT_EQ(instance->editorWidth, 800);
+// Old 32-byte records have no flag; longer ones skip their extra bytes.
+TEST(StateChunk, EveryRecordSizeFromThirtyTwoLoads) {
+    for (int32_t recordSize : {32, 33, 45}) {
+        SCOPED_TRACE(recordSize);
+        auto instance = makeTestInstance();
+        readChunk(instance.get(), fullTrailer(twoBands(recordSize)));
+        ASSERT_EQ(instance->bandCount(), 2);
+        EXPECT_EQ(instance->band(0)->logScaleAutomation, 0);
+        // bit 0 of 0xFF when the record has the flag
+        EXPECT_EQ(instance->band(1)->logScaleAutomation, recordSize > 32 ? 1 : 0);
+        EXPECT_EQ(instance->band(1)->type, Notch);
+        EXPECT_EQ(instance->band(1)->frequency, 250.0);
+        EXPECT_EQ(instance->band(1)->bandwidth, 0.5);
+        EXPECT_EQ(instance->viewFlags, 1);
+        EXPECT_EQ(instance->editorWidth, 800);
+        EXPECT_EQ(instance->editorHeight, 600);
+    }
 }
 
 TEST(StateChunk, AnEmptyBandListLoadsAsPassThrough) {
@@ -206,7 +201,7 @@ TEST(StateChunk, EveryTrailerLengthReadsOnlyWhatIsThere) {
     }
 }
 
-TEST(StateChunk, ChunksOfTwelveBytesOrLessChangeNothing) {
+TEST(StateChunk, ChunksOfTwelveBytesOrLessChangeNothingButBareRecordsLoad) {
     auto instance = makeTestInstance();
     ASSERT_TRUE(loadDefaultBands(instance.get()));
     setMarkers(instance.get());
@@ -217,6 +212,13 @@ TEST(StateChunk, ChunksOfTwelveBytesOrLessChangeNothing) {
     EXPECT_EQ(instance->outputGain, 0.5);
     EXPECT_EQ(instance->showGrid, 70);
     EXPECT_EQ(readStateChunk(instance.get(), nullptr, 100), 0);
+
+    auto exact = makeTestInstance();  // records filling the chunk exactly: accepted
+    setMarkers(exact.get());
+    readChunk(exact.get(), twoBands(33));
+    EXPECT_EQ(exact->bandCount(), 2);
+    EXPECT_EQ(exact->showGrid, 70);
+    EXPECT_EQ(exact->outputGain, 1.0);
 }
 
 TEST(StateChunk, RejectedChunksKeepTheBandsButResetTheGain) {
@@ -246,13 +248,4 @@ TEST(StateChunk, RejectedChunksKeepTheBandsButResetTheGain) {
         EXPECT_EQ(instance->showGrid, 70);
         EXPECT_EQ(instance->refreshRequested, 0);
     }
-}
-
-TEST(StateChunk, RecordsFillingTheChunkExactlyAreAccepted) {
-    auto instance = makeTestInstance();
-    setMarkers(instance.get());
-    readChunk(instance.get(), twoBands(33));
-    EXPECT_EQ(instance->bandCount(), 2);
-    EXPECT_EQ(instance->showGrid, 70);
-    EXPECT_EQ(instance->outputGain, 1.0);
 }
