@@ -115,8 +115,8 @@ TEST_F(DialogResourcesTest, ListsHoldTheBandPanelThenTheEditorDialogAndTheMenu) 
     const DialogResource& panel = *dialogResourceList;
     ASSERT_NE(panel.next, nullptr);
     const DialogResource& editor = *panel.next;
-    EXPECT_EQ(panel.resourceId, kBandPanelResource);
-    EXPECT_EQ(editor.resourceId, kEditorDialogResource);
+    EXPECT_EQ(panel.resourceId, 103);
+    EXPECT_EQ(editor.resourceId, 101);
     EXPECT_EQ(kEditorDialogResource, 101);
     EXPECT_EQ(kBandPanelResource, 103);
     EXPECT_EQ(editor.next, nullptr);

@@ -167,9 +167,7 @@ struct Session {
     void edit(Random& random) {
         Random twin = random;
         editSome(random, instanceBands());
-        std::vector<EqBand*> plainBands;
-        for (EqBand& band : plain.bands()) plainBands.push_back(&band);
-        editSome(twin, plainBands);
+        editSome(twin, pointersTo(plain.bands()));
     }
 };
 

@@ -38,7 +38,7 @@ void setCoefficients(EqBand& band, const ChunkCoefficients& k) {
 Outcome chunkAfterChunk(const std::vector<EqBand>& bands,
                         const std::vector<ChunkCoefficients>& designs, const StereoSignal& in) {
     const int32_t frames = static_cast<int32_t>(in.left.size());
-    Outcome out{bands, std::vector<double>(frames, 5.0), std::vector<double>(frames, 6.0)};
+    Outcome out = startFrom(bands, frames);
     const double *left = in.left.data(), *right = in.right.data();
     for (size_t i = 0; i < out.bands.size(); ++i) {
         EqBand& band = out.bands[i];
@@ -58,9 +58,8 @@ Outcome chunkAfterChunk(const std::vector<EqBand>& bands,
 Outcome glideCascade(InstructionSet set, const std::vector<EqBand>& bands,
                      const std::vector<ChunkCoefficients>& designs, const StereoSignal& in) {
     const int32_t frames = static_cast<int32_t>(in.left.size());
-    Outcome out{bands, std::vector<double>(frames, 5.0), std::vector<double>(frames, 6.0)};
-    std::vector<EqBand*> pointers;
-    for (EqBand& band : out.bands) pointers.push_back(&band);
+    Outcome out = startFrom(bands, frames);
+    std::vector<EqBand*> pointers = pointersTo(out.bands);
     bandKernelsFor(set).runGlideCascade(pointers.data(), static_cast<int32_t>(pointers.size()),
                                         designs.data(), chunksIn(frames), in.left.data(),
                                         in.right.data(), out.left.data(), out.right.data(), frames);
@@ -97,7 +96,7 @@ std::vector<EqBand> bandsToGlide(Random& random, int32_t count) {
 
 Outcome glideOneByOne(const std::vector<EqBand>& bands, const StereoSignal& in) {
     const int32_t frames = static_cast<int32_t>(in.left.size());
-    Outcome out{bands, std::vector<double>(frames, 5.0), std::vector<double>(frames, 6.0)};
+    Outcome out = startFrom(bands, frames);
     const double *left = in.left.data(), *right = in.right.data();
     LinearGlide rule;
     for (EqBand& band : out.bands) {
@@ -117,9 +116,8 @@ Outcome glideOneByOne(const std::vector<EqBand>& bands, const StereoSignal& in) 
 Outcome glideInBatches(InstructionSet set, const std::vector<EqBand>& bands,
                        const StereoSignal& in) {
     const int32_t frames = static_cast<int32_t>(in.left.size());
-    Outcome out{bands, std::vector<double>(frames, 5.0), std::vector<double>(frames, 6.0)};
-    std::vector<EqBand*> pointers;
-    for (EqBand& band : out.bands) pointers.push_back(&band);
+    Outcome out = startFrom(bands, frames);
+    std::vector<EqBand*> pointers = pointersTo(out.bands);
     glideBands(pointers.data(), static_cast<int32_t>(pointers.size()), LinearGlide{},
                bandKernelsFor(set), in.left.data(), in.right.data(), out.left.data(),
                out.right.data(), frames);
@@ -151,7 +149,7 @@ TEST_P(BandCascadeGlide, StereoChunkKernelSwitchesDesignsAtEveryChunk) {
         std::vector<EqBand> bands = randomBands(random, 1);
         std::vector<ChunkCoefficients> designs = randomDesigns(random, 1, chunksIn(frames));
         StereoSignal in(random, frames);
-        Outcome actual{bands, std::vector<double>(frames, 5.0), std::vector<double>(frames, 6.0)};
+        Outcome actual = startFrom(bands, frames);
         runBandStereoChunks(actual.bands[0], designs.data(), kGlideChunkFrames, in.left.data(),
                             in.right.data(), actual.left.data(), actual.right.data(), frames);
         ASSERT_NO_FATAL_FAILURE(expectSameOutcome(actual, chunkAfterChunk(bands, designs, in)));

@@ -16,11 +16,6 @@ constexpr int32_t kBlockLengths[] = {0,  1,  2,  3,  5,  7,  8,   9,   13,
                                      16, 17, 31, 33, 62, 64, 100, 511, 4096};
 constexpr int32_t kBandCounts[] = {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 33};
 
-// Starts the output buffers with junk, as a host's would be.
-Outcome startFrom(const std::vector<EqBand>& bands, int32_t frames) {
-    return {bands, std::vector<double>(frames, -3.0), std::vector<double>(frames, 7.0)};
-}
-
 Outcome bandAfterBand(const std::vector<EqBand>& bands, const StereoSignal& in) {
     Outcome out = startFrom(bands, static_cast<int32_t>(in.left.size()));
     const double *left = in.left.data(), *right = in.right.data();
@@ -31,12 +26,6 @@ Outcome bandAfterBand(const std::vector<EqBand>& bands, const StereoSignal& in) 
         right = out.right.data();
     }
     return out;
-}
-
-std::vector<EqBand*> pointersTo(std::vector<EqBand>& bands) {
-    std::vector<EqBand*> pointers;
-    for (EqBand& band : bands) pointers.push_back(&band);
-    return pointers;
 }
 
 enum class Buffers { Separate, Shared };

@@ -110,6 +110,16 @@ std::vector<double> laced(Random& random, int32_t frames) {
     return samples;
 }
 
+Outcome startFrom(const std::vector<EqBand>& bands, int32_t frames) {
+    return {bands, std::vector<double>(frames, -3.0), std::vector<double>(frames, 7.0)};
+}
+
+std::vector<EqBand*> pointersTo(std::vector<EqBand>& bands) {
+    std::vector<EqBand*> pointers;
+    for (EqBand& band : bands) pointers.push_back(&band);
+    return pointers;
+}
+
 void expectSameBits(const std::vector<double>& actual, const std::vector<double>& expected,
                     const char* what) {
     ASSERT_EQ(actual.size(), expected.size()) << what;

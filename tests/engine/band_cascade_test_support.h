@@ -50,6 +50,10 @@ struct Outcome {
     std::vector<double> left, right;
 };
 
+// The bands with output buffers of junk, as a host's would be.
+Outcome startFrom(const std::vector<EqBand>& bands, int32_t frames);
+std::vector<EqBand*> pointersTo(std::vector<EqBand>& bands);
+
 void expectSameOutcome(const Outcome& actual, const Outcome& expected);
 void expectSameBits(const std::vector<double>& actual, const std::vector<double>& expected,
                     const char* what);
