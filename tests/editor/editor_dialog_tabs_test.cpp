@@ -28,12 +28,11 @@ protected:
     }
 };
 
-TEST_F(EditorTabsTest, OpeningShowsOneNumberedTabPerBandWithTheFirstCurrent) {
+// Opening shows one numbered tab per band, the first current; a refresh
+// deletes tabs beyond the band count and appends missing ones in band order.
+TEST_F(EditorTabsTest, TabsFollowTheBandCountOnOpeningAndRefresh) {
     EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4"}));
     EXPECT_EQ(currentTab(), 0);
-}
-
-TEST_F(EditorTabsTest, RefreshDeletesTabsBeyondTheBandCount) {
     ASSERT_TRUE(removeBandAt(instance, 3));
     HWND tabs = control(kBandTabs);
     TCITEM item{};
@@ -44,12 +43,9 @@ TEST_F(EditorTabsTest, RefreshDeletesTabsBeyondTheBandCount) {
     ASSERT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
     refresh();
     EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3"}));
-}
 
-TEST_F(EditorTabsTest, RefreshAppendsTheMissingTabsInBandOrder) {
     appendFlatBand();
-    HWND tabs = control(kBandTabs);
-    kobal::TabCtrl_DeleteItem(tabs, 3);
+    appendFlatBand();
     kobal::TabCtrl_DeleteItem(tabs, 2);
     ASSERT_EQ(tabTexts(), (Texts{"1", "2"}));
     refresh();
