@@ -2,15 +2,13 @@
 // the parameters of the default band set.
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "plugin_under_test.h"
 
 namespace {
 
-class FreshInstance : public SingleInstanceTest {};
+using FreshInstance = SingleInstanceTest;
 
-TEST_F(FreshInstance, IdentifiesItselfInItsEffectRecord) {
+TEST_F(FreshInstance, IdentifiesAndNamesItself) {
     const AEffect& effect = *session_->effect();
     EXPECT_EQ(effect.magic, 0x56737450);
     EXPECT_EQ(effect.uniqueID, 0x6F6D6272);
@@ -23,9 +21,6 @@ TEST_F(FreshInstance, IdentifiesItselfInItsEffectRecord) {
     EXPECT_EQ(effect.initialDelay, 0);
     EXPECT_NE(effect.processDoubleReplacing, nullptr);
     EXPECT_NE(effect.processReplacing, nullptr);
-}
-
-TEST_F(FreshInstance, NamesItselfAndItsVendor) {
     EXPECT_EQ(session_->effectName(), "Ombro");
     EXPECT_EQ(session_->vendorName(), "Pellix");
     EXPECT_EQ(session_->productName(), "Ombro");
@@ -35,9 +30,7 @@ TEST_F(FreshInstance, NamesItselfAndItsVendor) {
 }
 
 TEST_F(FreshInstance, AnswersOnlyItsPrivateCapabilities) {
-    char capability[64] = "hasPellixExtensions";
-    EXPECT_EQ(session_->dispatch(effCanDo, 0, 0, capability), 0xBEEF0000);
-    for (const char* own : {"hasPellixViewAsConfig", "hasPellixNoScrollUI"})
+    for (const char* own : {"hasPellixExtensions", "hasPellixViewAsConfig", "hasPellixNoScrollUI"})
         EXPECT_EQ(session_->dispatch(effCanDo, 0, 0, const_cast<char*>(own)), 0xBEEF0000) << own;
     for (const char* other : {"receiveVstEvents", "sendVstEvents", "bypass", "hasPellix", ""})
         EXPECT_EQ(session_->dispatch(effCanDo, 0, 0, const_cast<char*>(other)), 0) << other;
@@ -45,35 +38,24 @@ TEST_F(FreshInstance, AnswersOnlyItsPrivateCapabilities) {
 }
 
 TEST_F(FreshInstance, ProgramNameIsEmpty) {
-    char name[64] = "leftover";
-    EXPECT_EQ(session_->dispatch(effGetProgramName, 0, 0, name), 0);
-    EXPECT_STREQ(name, "");
-    std::strcpy(name, "leftover");
-    EXPECT_EQ(session_->dispatch(effGetProgramNameIndexed, 0, 0, name), 0);
-    EXPECT_STREQ(name, "");
+    for (int32_t opcode : {effGetProgramName, effGetProgramNameIndexed}) {
+        char name[64] = "leftover";
+        EXPECT_EQ(session_->dispatch(opcode, 0, 0, name), 0) << opcode;
+        EXPECT_STREQ(name, "") << opcode;
+    }
 }
 
-TEST_F(FreshInstance, NamesEachParameterByFieldAndBand) {
-    for (int32_t index = 0; index < 12; ++index)
-        EXPECT_EQ(session_->parameterName(index), kDefaultParameterNames[index]) << index;
-}
-
-TEST_F(FreshInstance, LabelsFrequencyAndGainButNotBandwidth) {
-    const char* labels[3] = {"Hz", "dB", ""};
-    for (int32_t index = 0; index < 12; ++index)
-        EXPECT_EQ(session_->parameterLabel(index), labels[index % 3]) << index;
-}
-
-TEST_F(FreshInstance, DisplaysDefaultBandValues) {
+TEST_F(FreshInstance, DescribesAndAutomatesEachDefaultParameter) {
+    const char* labels[3] = {"Hz", "dB", ""};  // bandwidth carries no unit
     const char* displays[12] = {"100.0",  "0.0", "2.00", "300.0",  "0.0", "2.00",
                                 "1000.0", "0.0", "2.00", "5000.0", "0.0", "2.00"};
-    for (int32_t index = 0; index < 12; ++index)
-        EXPECT_EQ(session_->parameterDisplay(index), displays[index]) << index;
-}
-
-TEST_F(FreshInstance, CanAutomateExactlyItsParameters) {
-    EXPECT_EQ(session_->dispatch(effCanBeAutomated, 0), 1);
-    EXPECT_EQ(session_->dispatch(effCanBeAutomated, 11), 1);
+    for (int32_t index = 0; index < 12; ++index) {
+        SCOPED_TRACE(index);
+        EXPECT_EQ(session_->parameterName(index), kDefaultParameterNames[index]);
+        EXPECT_EQ(session_->parameterLabel(index), labels[index % 3]);
+        EXPECT_EQ(session_->parameterDisplay(index), displays[index]);
+        EXPECT_EQ(session_->dispatch(effCanBeAutomated, index), 1);
+    }
     EXPECT_EQ(session_->dispatch(effCanBeAutomated, 12), 0);
     EXPECT_EQ(session_->dispatch(effCanBeAutomated, -1), 0);
 }

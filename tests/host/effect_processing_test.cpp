@@ -52,18 +52,16 @@ protected:
     }
 };
 
-TEST_F(Processing, DefaultBandsPassTheSignalBitForBit) {
+TEST_F(Processing, DefaultBandsPassTheSignalBitForBitAtAnySampleRate) {
     StereoBuffer input = noise(4096, 1);
     StereoBuffer output;
-    for (int block = 0; block < 3; ++block) {
+    for (int block = 0; block < 4; ++block) {
+        if (block == 3) session_->setSampleRate(96000.0);
         session_->process(input, output);
         EXPECT_EQ(output.left, input.left) << "block " << block;
         EXPECT_EQ(output.right, input.right) << "block " << block;
     }
-}
-
-TEST_F(Processing, DefaultBandsPassTheSignalInPlace) {
-    StereoBuffer buffer = noise(1000, 2);
+    StereoBuffer buffer = noise(1000, 2);  // in place
     StereoBuffer original = buffer;
     auto channels = buffer.channels();
     session_->processFrames(channels.data(), channels.data(), 1000);
@@ -71,22 +69,15 @@ TEST_F(Processing, DefaultBandsPassTheSignalInPlace) {
     EXPECT_EQ(buffer.right, original.right);
 }
 
-TEST_F(Processing, SinglePrecisionEntryLeavesOutputsUntouched) {
+TEST_F(Processing, SinglePrecisionAndOldAccumulatingEntriesWriteNothing) {
     std::vector<float> inLeft(256, 0.5f), inRight(256, -0.5f);
     std::vector<float> outLeft(256, 7.0f), outRight(256, -7.0f);
     float* inputs[2] = {inLeft.data(), inRight.data()};
     float* outputs[2] = {outLeft.data(), outRight.data()};
     session_->processSinglePrecision(inputs, outputs, 256);
+    session_->effect()->process(session_->effect(), inputs, outputs, 64);
     EXPECT_EQ(outLeft, std::vector<float>(256, 7.0f));
     EXPECT_EQ(outRight, std::vector<float>(256, -7.0f));
-}
-
-TEST_F(Processing, OldAccumulatingEntryWritesNothing) {
-    std::vector<float> in(64, 0.5f), out(64, 3.0f);
-    float* inputs[2] = {in.data(), in.data()};
-    float* outputs[2] = {out.data(), out.data()};
-    session_->effect()->process(session_->effect(), inputs, outputs, 64);
-    EXPECT_EQ(out, std::vector<float>(64, 3.0f));
 }
 
 TEST_F(Processing, EmptyBlocksWriteNothingAndLeaveTheFilterReady) {
@@ -113,15 +104,6 @@ TEST_F(Processing, RaisedPeakingBandBoostsItsCentreFrequencyByItsGain) {
     output = processInBlocks(far);
     double farGainDb = 20.0 * std::log10(rms(output.left, 44100) / rms(far.left, 44100));
     EXPECT_NEAR(farGainDb, 0.0, 0.3);
-}
-
-TEST_F(Processing, SampleRateChangeKeepsTheFlatSetFlat) {
-    session_->setSampleRate(96000.0);
-    StereoBuffer input = noise(2048, 3);
-    StereoBuffer output;
-    session_->process(input, output);
-    EXPECT_EQ(output.left, input.left);
-    EXPECT_EQ(output.right, input.right);
 }
 
 }  // namespace

@@ -8,19 +8,17 @@
 
 namespace {
 
-TEST(FaderCurve, HasItsLandmarksAtBottomUnityAndTop) {
+TEST(FaderCurve, HasItsLandmarksAndInterpolatesLinearlyInDbBetweenThem) {
+    // Bottom, unity and top both ways; halfway points between the curve's points.
     EXPECT_DOUBLE_EQ(dbOfFaderPosition(0.0), -150.0);
     EXPECT_DOUBLE_EQ(dbOfFaderPosition(750.0), 0.0);
     EXPECT_DOUBLE_EQ(dbOfFaderPosition(1000.0), 12.0);
     EXPECT_DOUBLE_EQ(faderPositionOfDb(-150.0), 0.0);
     EXPECT_DOUBLE_EQ(faderPositionOfDb(0.0), 750.0);
     EXPECT_DOUBLE_EQ(faderPositionOfDb(12.0), 1000.0);
-}
-
-TEST(FaderCurve, InterpolatesLinearlyInDbBetweenPoints) {
-    EXPECT_DOUBLE_EQ(dbOfFaderPosition(875.0), 6.0);      // halfway between 0 and +12 dB
-    EXPECT_DOUBLE_EQ(dbOfFaderPosition(60.0), -105.0);    // halfway between -150 and -60 dB
-    EXPECT_DOUBLE_EQ(faderPositionOfDb(-5.0), 650.0);     // halfway between 550 and 750
+    EXPECT_DOUBLE_EQ(dbOfFaderPosition(875.0), 6.0);    // between 0 and +12 dB
+    EXPECT_DOUBLE_EQ(dbOfFaderPosition(60.0), -105.0);  // between -150 and -60 dB
+    EXPECT_DOUBLE_EQ(faderPositionOfDb(-5.0), 650.0);   // between 550 and 750
 }
 
 TEST(FaderCurve, RisesStrictlyAcrossTheWholeTravel) {

@@ -19,12 +19,19 @@ protected:
     AEffect strangerEffect_{};  // never registered with a session
 };
 
-TEST_F(UnattributedHostCall, AnswersVersionAndDefaultStreamSettings) {
+TEST_F(UnattributedHostCall, AnswersVersionDefaultStreamSettingsAndItsTexts) {
     EXPECT_EQ(ombroHostCallback(&strangerEffect_, audioMasterVersion, 0, 0, nullptr, 0.0f), 2400);
     EXPECT_EQ(ombroHostCallback(&strangerEffect_, audioMasterGetSampleRate, 0, 0, nullptr, 0.0f),
               44100);
     EXPECT_EQ(ombroHostCallback(&strangerEffect_, audioMasterGetBlockSize, 0, 0, nullptr, 0.0f),
               512);
+    char text[64];
+    std::memset(text, 'x', sizeof text);
+    EXPECT_EQ(ombroHostCallback(nullptr, audioMasterGetVendorString, 0, 0, text, 0.0f), 1);
+    EXPECT_STREQ(text, "Pellix");
+    EXPECT_EQ(ombroHostCallback(nullptr, audioMasterGetProductString, 0, 0, text, 0.0f), 1);
+    EXPECT_STREQ(text, "Ombro Host");
+    EXPECT_EQ(ombroHostCallback(nullptr, audioMasterGetProductString, 0, 0, nullptr, 0.0f), 0);
 }
 
 TEST_F(UnattributedHostCall, AnswersCapabilitiesItHasOnly) {
@@ -84,16 +91,6 @@ TEST_F(UnattributedHostCall, RecordsNoticesInOrderWithTheirArguments) {
     EXPECT_EQ(calls[3].paramListChange->delta, 3);
     EXPECT_FALSE(calls[4].paramListChange.has_value());
     EXPECT_FALSE(calls[0].effectWasNull);
-}
-
-TEST_F(UnattributedHostCall, FillsVendorAndProductTexts) {
-    char text[64];
-    std::memset(text, 'x', sizeof text);
-    EXPECT_EQ(ombroHostCallback(nullptr, audioMasterGetVendorString, 0, 0, text, 0.0f), 1);
-    EXPECT_STREQ(text, "Pellix");
-    EXPECT_EQ(ombroHostCallback(nullptr, audioMasterGetProductString, 0, 0, text, 0.0f), 1);
-    EXPECT_STREQ(text, "Ombro Host");
-    EXPECT_EQ(ombroHostCallback(nullptr, audioMasterGetProductString, 0, 0, nullptr, 0.0f), 0);
 }
 
 TEST_F(UnattributedHostCall, AnswersZeroToUnknownOpcodes) {

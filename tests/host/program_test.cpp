@@ -15,14 +15,15 @@ namespace {
 
 const std::string kMissingUiPrefix = "KOBAL API not found: ";
 
-// A WAV file of `channels` channels: a 1 kHz tone on the first channel and
-// half of it on the second.
-std::string writeToneWav(const std::string& name, int channels, int format, int frames) {
+// A sound file (WAV unless `container` says otherwise) of `channels` channels:
+// a 1 kHz tone on the first channel and half of it on the second.
+std::string writeToneWav(const std::string& name, int channels, int format, int frames,
+                         int container = SF_FORMAT_WAV) {
     std::string path = temporaryPath(name);
     SF_INFO info{};
     info.samplerate = 44100;
     info.channels = channels;
-    info.format = SF_FORMAT_WAV | format;
+    info.format = container | format;
     SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
     EXPECT_NE(file, nullptr) << sf_strerror(nullptr);
     std::vector<double> samples;
@@ -84,15 +85,10 @@ TEST(ProgramWindowingLayer, OneWithheldFunctionIsReportedAlone) {
     EXPECT_EQ(missing[0], "KOBAL API not found: TabCtrl_GetCurSel");
 }
 
-TEST(ProgramWindowingLayer, CompleteLayerReportsNothingMissing) {
+TEST(ProgramInfo, PrintsIdentityAndEveryParameterWithNothingMissing) {
     ProgramResult result = runHostProgram({"info"});
     EXPECT_EQ(result.exitCode, 0) << result.err;
     EXPECT_TRUE(linesStartingWith(result.out, kMissingUiPrefix).empty());
-}
-
-TEST(ProgramInfo, PrintsIdentityAndEveryParameter) {
-    ProgramResult result = runHostProgram({"info"});
-    EXPECT_EQ(result.exitCode, 0) << result.err;
     for (const char* expected :
          {"name:       Ombro\n", "vendor:     Pellix\n", "unique ID:  'ombr' (0x6F6D6272)\n",
           "version:    1100\n", "flags:      0x1031 (", "parameters: 12\n", "Freq-Low Shelf",
@@ -159,7 +155,7 @@ TEST(ProgramProcess, MonoInputIsEqualizedOnBothChannels) {
     EXPECT_EQ(rmsOfChannel(out, 0, 0), rmsOfChannel(out, 1, 0));
 }
 
-TEST(ProgramProcess, BadInputFilesFailWithAMessage) {
+TEST(ProgramProcess, BadInputFilesFailWithAMessageAndInputsAreNeverOverwritten) {
     std::string output = temporaryPath("never.wav");
     ProgramResult missing = runHostProgram({"process", temporaryPath("absent.wav"), output});
     EXPECT_EQ(missing.exitCode, 1);
@@ -171,42 +167,33 @@ TEST(ProgramProcess, BadInputFilesFailWithAMessage) {
     EXPECT_EQ(notSound.exitCode, 1);
     EXPECT_TRUE(contains(notSound.err, "not a WAV")) << notSound.err;
 
-    std::string aiff = temporaryPath("tone.aiff");
-    SF_INFO info{};
-    info.samplerate = 44100;
-    info.channels = 1;
-    info.format = SF_FORMAT_AIFF | SF_FORMAT_PCM_16;
-    SNDFILE* file = sf_open(aiff.c_str(), SFM_WRITE, &info);
-    ASSERT_NE(file, nullptr);
-    short silence[100] = {};
-    sf_write_short(file, silence, 100);
-    sf_close(file);
+    std::string aiff = writeToneWav("tone.aiff", 1, SF_FORMAT_PCM_16, 100, SF_FORMAT_AIFF);
     ProgramResult otherFormat = runHostProgram({"process", aiff, output});
     EXPECT_EQ(otherFormat.exitCode, 1);
     EXPECT_TRUE(contains(otherFormat.err, "not a WAV")) << otherFormat.err;
+
+    ProgramResult noState = runHostProgram({"load-state", temporaryPath("absent.bin")});
+    EXPECT_EQ(noState.exitCode, 1);
+    EXPECT_TRUE(contains(noState.err, "cannot read state file")) << noState.err;
+
+    std::string self = writeToneWav("self.wav", 1, SF_FORMAT_PCM_16, 100);
+    EXPECT_EQ(runHostProgram({"process", self, self}).exitCode, 2);  // never over its input
+    EXPECT_EQ(readWav(self).info.frames, 100);
 }
 
-TEST(ProgramProcess, RefusesToWriteOverItsInput) {
-    std::string input = writeToneWav("self.wav", 1, SF_FORMAT_PCM_16, 100);
-    ProgramResult result = runHostProgram({"process", input, input});
-    EXPECT_EQ(result.exitCode, 2);
-    EXPECT_EQ(readWav(input).info.frames, 100);
-}
-
-TEST(ProgramSettings, MalformedOrUnknownSettingsAreUsageErrors) {
-    for (const char* setting : {"7", "=0.5", "7=", "x=0.5", "7=abc", "7=1.5", "-1=0.5", "12=0.5"}) {
-        ProgramResult result = runHostProgram({"info", "--set", setting});
-        EXPECT_EQ(result.exitCode, 2) << setting;
-        EXPECT_TRUE(contains(result.err, "usage:")) << setting << ": " << result.err;
+TEST(ProgramSettings, MalformedSettingsUnknownCommandsAndOptionsAreUsageErrors) {
+    std::vector<std::vector<std::string>> usageErrors = {
+        {}, {"equalize"}, {"info", "--louder"}, {"process", "only-one.wav"},
+        {"info", "--ui-version"}};
+    for (const char* setting : {"7", "=0.5", "7=", "x=0.5", "7=abc", "7=1.5", "-1=0.5", "12=0.5"})
+        usageErrors.push_back({"info", "--set", setting});
+    for (const std::vector<std::string>& arguments : usageErrors) {
+        ProgramResult result = runHostProgram(arguments);
+        SCOPED_TRACE(arguments.empty() ? std::string("(none)") : arguments.back());
+        EXPECT_EQ(result.exitCode, 2);
+        if (arguments.size() == 3 && arguments[1] == "--set")
+            EXPECT_TRUE(contains(result.err, "usage:")) << result.err;
     }
-}
-
-TEST(ProgramSettings, UnknownCommandsAndOptionsAreUsageErrors) {
-    EXPECT_EQ(runHostProgram({}).exitCode, 2);
-    EXPECT_EQ(runHostProgram({"equalize"}).exitCode, 2);
-    EXPECT_EQ(runHostProgram({"info", "--louder"}).exitCode, 2);
-    EXPECT_EQ(runHostProgram({"process", "only-one.wav"}).exitCode, 2);
-    EXPECT_EQ(runHostProgram({"info", "--ui-version"}).exitCode, 2);
     ProgramResult help = runHostProgram({"--help"});
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_TRUE(contains(help.out, "process IN.wav OUT.wav"));
@@ -230,12 +217,6 @@ TEST(ProgramState, SavedStateLoadsBackWithItsSettings) {
     double gainDb = 20.0 * std::log10(rmsOfChannel(readWav(output), 0, 22050) /
                                       rmsOfChannel(readWav(input), 0, 22050));
     EXPECT_NEAR(gainDb, 20.0 * std::log10(3.0), 0.1);
-}
-
-TEST(ProgramState, MissingStateFileFails) {
-    ProgramResult result = runHostProgram({"load-state", temporaryPath("absent.bin")});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(contains(result.err, "cannot read state file")) << result.err;
 }
 
 }  // namespace

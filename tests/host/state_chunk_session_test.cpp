@@ -49,40 +49,36 @@ std::vector<uint8_t> defaultChunk() {
         .bytes();
 }
 
-TEST(StateChunk, FreshInstanceSavesTheDefaultBandsByteForByte) {
-    auto session = openTestSession();
-    ASSERT_NE(session, nullptr);
-    std::vector<uint8_t> chunk = session->chunk();
+using StateChunk = SingleInstanceTest;
+
+TEST_F(StateChunk, FreshInstanceSavesTheDefaultBandsByteForByte) {
+    std::vector<uint8_t> chunk = session_->chunk();
     EXPECT_EQ(chunk.size(), 168u);
     EXPECT_EQ(chunk, defaultChunk());
 }
 
-TEST(StateChunk, LoadedBandsBecomeTheParameterList) {
-    auto session = openTestSession();
-    ASSERT_NE(session, nullptr);
+TEST_F(StateChunk, LoadedBandsBecomeTheParameterList) {
     std::vector<uint8_t> fiveBands = ChunkBytes({{kLowShelf, 80.0, 2.0, 1.0},
                                                  {kPeaking, 250.0, 0.5, 1.5},
                                                  {kPeaking, 1000.0, 1.0, 2.0},
                                                  {kPeaking, 3000.0, 1.0, 2.0},
                                                  {kPeaking, 8000.0, 4.0, 0.5}})
                                          .bytes();
-    session->setChunk(fiveBands);
-    EXPECT_EQ(session->parameterCount(), 15);
-    EXPECT_EQ(session->parameterName(12), "Freq-Band 5");
-    EXPECT_EQ(session->parameterDisplay(0), "80.0");
-    EXPECT_EQ(session->parameterDisplay(13), "12.0");
-    EXPECT_EQ(session->parameterDisplay(14), "0.50");
-    EXPECT_EQ(session->chunk(), fiveBands);
+    session_->setChunk(fiveBands);
+    EXPECT_EQ(session_->parameterCount(), 15);
+    EXPECT_EQ(session_->parameterName(12), "Freq-Band 5");
+    EXPECT_EQ(session_->parameterDisplay(0), "80.0");
+    EXPECT_EQ(session_->parameterDisplay(13), "12.0");
+    EXPECT_EQ(session_->parameterDisplay(14), "0.50");
+    EXPECT_EQ(session_->chunk(), fiveBands);
 }
 
-TEST(StateChunk, ChunkWithoutTrailerLoadsItsBandsAndKeepsTheSettings) {
-    auto session = openTestSession();
-    ASSERT_NE(session, nullptr);
+TEST_F(StateChunk, ChunkWithoutTrailerLoadsItsBandsAndKeepsTheSettings) {
     BandRecord band{kPeaking, 440.0, 1.0, 1.0};
-    session->setChunk(ChunkBytes({band}, false).bytes());
-    EXPECT_EQ(session->parameterCount(), 3);
-    EXPECT_EQ(session->parameterDisplay(0), "440.0");
-    EXPECT_EQ(session->chunk(), ChunkBytes({band}).bytes());
+    session_->setChunk(ChunkBytes({band}, false).bytes());
+    EXPECT_EQ(session_->parameterCount(), 3);
+    EXPECT_EQ(session_->parameterDisplay(0), "440.0");
+    EXPECT_EQ(session_->chunk(), ChunkBytes({band}).bytes());
 }
 
 }  // namespace
