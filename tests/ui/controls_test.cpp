@@ -69,21 +69,18 @@ protected:
     HWND dialog = nullptr;
 };
 
-TEST_F(Controls, PushButtonClickSendsBnClickedWithIdAndHandle) {
+TEST_F(Controls, ReleasingOutsideCancelsAPushButtonClickAndAClickSendsBnClicked) {
+    pressMouse(MouseButton::left, screenPointOf(item(kPush), POINT{5, 5}));
+    // Released outside: the button held the capture and sends nothing.
+    EXPECT_EQ(releaseMouse(MouseButton::left, screenPointOf(item(kPush), POINT{200, 5})),
+              item(kPush));
+    EXPECT_TRUE(commandsFrom(kPush).empty());
     EXPECT_TRUE(clickButton(item(kPush)));
     auto commands = commandsFrom(kPush);
     ASSERT_EQ(commands.size(), 1u);
     EXPECT_EQ(commands[0].window, dialog);
     EXPECT_EQ(commands[0].wParam, commandWord(kPush, BN_CLICKED));
     EXPECT_EQ(commands[0].lParam, reinterpret_cast<LPARAM>(item(kPush)));
-}
-
-TEST_F(Controls, ReleasingOutsideTheButtonCancelsTheClick) {
-    POINT inside = screenPointOf(item(kPush), POINT{5, 5});
-    POINT outside = screenPointOf(item(kPush), POINT{200, 5});
-    pressMouse(MouseButton::left, inside);
-    EXPECT_EQ(releaseMouse(MouseButton::left, outside), item(kPush));  // it held the capture
-    EXPECT_TRUE(commandsFrom(kPush).empty());
 }
 
 TEST_F(Controls, AutoCheckBoxTogglesOnClickButNotWhenSetByProgram) {
@@ -100,7 +97,7 @@ TEST_F(Controls, AutoCheckBoxTogglesOnClickButNotWhenSetByProgram) {
     EXPECT_EQ(IsDlgButtonChecked(dialog, 999), 0u);
 }
 
-TEST_F(Controls, EditSendsEnChangeForEverySetAndEveryTypedCharacter) {
+TEST_F(Controls, EditSendsEnChangeForEverySetAndTypedCharacterAndReadOnlyIgnoresTyping) {
     SetDlgItemText(dialog, kEdit, "0.0");
     EXPECT_EQ(commandsFrom(kEdit).size(), 1u);
     typeIntoEdit(item(kEdit), "-3.5");  // clear, then four characters
@@ -116,21 +113,18 @@ TEST_F(Controls, EditSendsEnChangeForEverySetAndEveryTypedCharacter) {
     EXPECT_STREQ(text, "-31");
     GetDlgItemText(dialog, kEdit, text, 3);
     EXPECT_STREQ(text, "-3");
-}
-
-TEST_F(Controls, ReadOnlyEditIgnoresTypingButTakesProgramText) {
     typeIntoEdit(item(kReadOnly), "typed");
-    char text[16];
-    GetDlgItemText(dialog, kReadOnly, text, sizeof text);
-    EXPECT_STREQ(text, "fixed");
+    char fixed[16];
+    GetDlgItemText(dialog, kReadOnly, fixed, sizeof fixed);
+    EXPECT_STREQ(fixed, "fixed");
     EXPECT_TRUE(commandsFrom(kReadOnly).empty());
     SetDlgItemText(dialog, kReadOnly, "440.0 A4");
-    GetDlgItemText(dialog, kReadOnly, text, sizeof text);
-    EXPECT_STREQ(text, "440.0 A4");
+    GetDlgItemText(dialog, kReadOnly, fixed, sizeof fixed);
+    EXPECT_STREQ(fixed, "440.0 A4");
     EXPECT_EQ(commandsFrom(kReadOnly).size(), 1u);
 }
 
-TEST_F(Controls, DropDownListSelectsSilentlyAndNotifiesUserChoices) {
+TEST_F(Controls, DropDownListSelectsSilentlyNotifiesUserChoicesAndIsAsTallAsItsField) {
     HWND combo = item(kCombo);
     const char* types[] = {"Low Shelf", "High Shelf", "Band"};
     for (int i = 0; i < 3; ++i)
@@ -152,9 +146,6 @@ TEST_F(Controls, DropDownListSelectsSilentlyAndNotifiesUserChoices) {
     EXPECT_EQ(SendMessage(combo, CB_GETCURSEL, 0, 0), -1);
     SendMessage(combo, CB_RESETCONTENT, 0, 0);
     EXPECT_EQ(SendMessage(combo, CB_GETCOUNT, 0, 0), 0);
-}
-
-TEST_F(Controls, DropDownListWindowIsOnlyAsTallAsItsField) {
     RECT rect{};
     GetWindowRect(item(kCombo), &rect);
     EXPECT_EQ(rect.bottom - rect.top, kComboFieldHeight);
@@ -165,14 +156,10 @@ TEST_F(Controls, DropDownListWindowIsOnlyAsTallAsItsField) {
 
 TEST_F(Controls, TabStripKeepsItsTabsAndSelection) {
     HWND tabs = item(kTabs);
-    char one[] = "1", two[] = "2", three[] = "3";
-    TCITEM tab{TCIF_TEXT, 0, 0, one, 0, 0, 0};
-    EXPECT_EQ(TabCtrl_InsertItem(tabs, 0, &tab), 0);
+    EXPECT_EQ(insertTab(tabs, 0, "1"), 0);
     EXPECT_EQ(TabCtrl_GetCurSel(tabs), 0);  // the first tab becomes current
-    tab.pszText = three;
-    EXPECT_EQ(TabCtrl_InsertItem(tabs, 5, &tab), 1);  // past the end: appended
-    tab.pszText = two;
-    EXPECT_EQ(TabCtrl_InsertItem(tabs, 1, &tab), 1);
+    EXPECT_EQ(insertTab(tabs, 5, "3"), 1);  // past the end: appended
+    EXPECT_EQ(insertTab(tabs, 1, "2"), 1);
     EXPECT_EQ(TabCtrl_GetItemCount(tabs), 3);
     EXPECT_STREQ(tabText(tabs, 1), "2");
     EXPECT_STREQ(tabText(tabs, 2), "3");
@@ -188,11 +175,8 @@ TEST_F(Controls, TabStripKeepsItsTabsAndSelection) {
 
 TEST_F(Controls, ClickingATabNotifiesSelChangingThenSelChange) {
     HWND tabs = item(kTabs);
-    char one[] = "1", two[] = "2";
-    TCITEM tab{TCIF_TEXT, 0, 0, one, 0, 0, 0};
-    TabCtrl_InsertItem(tabs, 0, &tab);
-    tab.pszText = two;
-    TabCtrl_InsertItem(tabs, 1, &tab);
+    insertTab(tabs, 0, "1");
+    insertTab(tabs, 1, "2");
     EXPECT_TRUE(clickTab(tabs, 1));
     EXPECT_EQ(TabCtrl_GetCurSel(tabs), 1);
     ASSERT_EQ(notifications().size(), 2u);
@@ -206,7 +190,7 @@ TEST_F(Controls, ClickingATabNotifiesSelChangingThenSelChange) {
     EXPECT_FALSE(clickTab(tabs, 2));
 }
 
-TEST_F(Controls, FaderKeepsItsRangePositionAndTexts) {
+TEST_F(Controls, FaderKeepsItsUnsignedRangePositionAndTexts) {
     HWND fader = item(kHorizontal);
     EXPECT_EQ(SendMessage(fader, TBM_GETRANGEMIN, 0, 0), 0);
     EXPECT_EQ(SendMessage(fader, TBM_GETRANGEMAX, 0, 0), 1000);
@@ -221,16 +205,12 @@ TEST_F(Controls, FaderKeepsItsRangePositionAndTexts) {
     EXPECT_STREQ(faderText(fader, kFaderNameText), "Output gain");
     EXPECT_STREQ(faderText(fader, kFaderValueText), "-6.0");
     EXPECT_TRUE(recordedOf(WM_HSCROLL).empty());  // programs move it silently
-}
-
-TEST_F(Controls, FaderRangeWordsAreUnsigned) {
-    HWND fader = item(kHorizontal);
     SendMessage(fader, TBM_SETRANGE, 0, (40000 << 16) | 10);
     EXPECT_EQ(SendMessage(fader, TBM_GETRANGEMIN, 0, 0), 10);
     EXPECT_EQ(SendMessage(fader, TBM_GETRANGEMAX, 0, 0), 40000);
 }
 
-TEST_F(Controls, DraggingAHorizontalFaderTracksThenEnds) {
+TEST_F(Controls, DraggingAHorizontalFaderTracksThenEndsAndTheWheelMovesItOnePercentPerNotch) {
     HWND fader = item(kHorizontal);
     // 210 pixels wide with a 10-pixel knob: 200 pixels of travel, 5 positions each.
     EXPECT_TRUE(dragFaderTo(fader, 750));
@@ -245,6 +225,11 @@ TEST_F(Controls, DraggingAHorizontalFaderTracksThenEnds) {
     EXPECT_EQ(scrolls.back().wParam & 0xFFFF, static_cast<WPARAM>(SB_ENDSCROLL));
     EXPECT_EQ(GetCapture(), nullptr);
     EXPECT_TRUE(recordedOf(WM_VSCROLL).empty());
+    SendMessage(fader, TBM_SETPOS, 1, 500);
+    turnWheel(screenPointOf(fader, POINT{50, 10}), kWheelNotch);
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 510);
+    turnWheel(screenPointOf(fader, POINT{50, 10}), -2 * kWheelNotch);
+    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 490);
 }
 
 TEST_F(Controls, PressingAControlGivesItTheKeyboardFocus) {
@@ -264,15 +249,6 @@ TEST_F(Controls, VerticalFaderHasItsMaximumAtTheTopAndScrollsVertically) {
     EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 0);
     EXPECT_FALSE(recordedOf(WM_VSCROLL).empty());
     EXPECT_TRUE(recordedOf(WM_HSCROLL).empty());
-}
-
-TEST_F(Controls, WheelMovesAFaderByOnePercentPerNotch) {
-    HWND fader = item(kHorizontal);
-    SendMessage(fader, TBM_SETPOS, 1, 500);
-    turnWheel(screenPointOf(fader, POINT{50, 10}), kWheelNotch);
-    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 510);
-    turnWheel(screenPointOf(fader, POINT{50, 10}), -2 * kWheelNotch);
-    EXPECT_EQ(SendMessage(fader, TBM_GETPOS, 0, 0), 490);
 }
 
 }  // namespace

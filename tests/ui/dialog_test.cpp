@@ -73,6 +73,10 @@ protected:
         KOBAL_UnregisterCustomControlCreator(declineEverything);
         UiLayerTest::TearDown();
     }
+    HWND testDialog(LPARAM parameter = 0) {
+        return KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure,
+                                  parameter);
+    }
     RECT rectOf(HWND window) {
         RECT rect{};
         GetWindowRect(window, &rect);
@@ -83,30 +87,29 @@ protected:
     }
 };
 
-TEST_F(Dialogs, DialogHasTheResourceSizeAndEveryControlWithItsId) {
+TEST_F(Dialogs, DialogHasItsSizeAndControlsThenInitDialogWithTheCreationParameter) {
     int parameter = 7;
-    HWND dialog = KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure,
-                                     reinterpret_cast<LPARAM>(&parameter));
+    HWND dialog = testDialog(reinterpret_cast<LPARAM>(&parameter));
     ASSERT_NE(dialog, nullptr);
     RECT client{};
     GetClientRect(dialog, &client);
-    EXPECT_EQ(client.right, 400);
-    EXPECT_EQ(client.bottom, 200);
+    EXPECT_EQ(client, (RECT{0, 0, 400, 200}));
     EXPECT_EQ(dialog->children.size(), 11u);
     for (int id : {10, 11, 12, 13, 14, 15, 16, 17, 18, kCustomId, 19})
         EXPECT_NE(GetDlgItem(dialog, id), nullptr) << id;
     EXPECT_EQ(GetDlgItem(dialog, 99), nullptr);
     EXPECT_FALSE(IsWindowVisible(dialog));  // until the dialog shows itself
+    auto inits = recordedOf(WM_INITDIALOG);
+    ASSERT_EQ(inits.size(), 1u);
+    EXPECT_EQ(inits[0].window, dialog);
+    EXPECT_EQ(inits[0].lParam, reinterpret_cast<LPARAM>(&parameter));
+    EXPECT_EQ(GetWindowLong(dialog, GWL_USERDATA), reinterpret_cast<LPARAM>(&parameter));
 }
 
-TEST_F(Dialogs, ControlsArePlacedInDialogUnitsTimesTheScale) {
-    HWND dialog = KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure, 0);
+TEST_F(Dialogs, ControlsArePlacedInScaledDialogUnitsAsStandardOrCustomControls) {
+    HWND dialog = testDialog();
     // 10, 20, 40 × 14 units at 1.7: 17, 34, 68 × 23.8 → 24 pixels.
-    RECT apply = rectOf(GetDlgItem(dialog, 10));
-    EXPECT_EQ(apply.left, 17);
-    EXPECT_EQ(apply.top, 34);
-    EXPECT_EQ(apply.right, 17 + 68);
-    EXPECT_EQ(apply.bottom, 34 + 24);
+    EXPECT_EQ(rectOf(GetDlgItem(dialog, 10)), (RECT{17, 34, 17 + 68, 34 + 24}));
     // The marker records carry their id and rectangle one field further on.
     RECT edit = rectOf(GetDlgItem(dialog, 12));
     EXPECT_EQ(edit.left, 102);
@@ -114,10 +117,6 @@ TEST_F(Dialogs, ControlsArePlacedInDialogUnitsTimesTheScale) {
     RECT group = rectOf(GetDlgItem(dialog, 15));
     EXPECT_EQ(group.right, 340);
     EXPECT_EQ(group.bottom, 170);
-}
-
-TEST_F(Dialogs, MarkerRecordsBecomeStandardControls) {
-    HWND dialog = KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure, 0);
     char text[32];
     GetDlgItemText(dialog, 12, text, sizeof text);
     EXPECT_STREQ(text, "12.5");
@@ -128,21 +127,6 @@ TEST_F(Dialogs, MarkerRecordsBecomeStandardControls) {
     EXPECT_EQ(GetDlgItem(dialog, 15)->style & 0xF, 7u);  // BS_GROUPBOX
     EXPECT_EQ(GetDlgItem(dialog, 16)->text, "Press");
     EXPECT_EQ(GetWindowLong(GetDlgItem(dialog, 11), GWL_STYLE) & 0xF, 3);  // BS_AUTOCHECKBOX
-}
-
-TEST_F(Dialogs, InitDialogComesAfterTheControlsWithTheCreationParameter) {
-    int parameter = 7;
-    HWND dialog = KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure,
-                                     reinterpret_cast<LPARAM>(&parameter));
-    auto inits = recordedOf(WM_INITDIALOG);
-    ASSERT_EQ(inits.size(), 1u);
-    EXPECT_EQ(inits[0].window, dialog);
-    EXPECT_EQ(inits[0].lParam, reinterpret_cast<LPARAM>(&parameter));
-    EXPECT_EQ(GetWindowLong(dialog, GWL_USERDATA), reinterpret_cast<LPARAM>(&parameter));
-}
-
-TEST_F(Dialogs, CustomCreatorsMakeUnknownClassesInRegistrationOrder) {
-    HWND dialog = KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure, 0);
     HWND graph = GetDlgItem(dialog, kCustomId);
     ASSERT_NE(graph, nullptr);
     EXPECT_EQ(GetWindowLong(graph, GWL_WNDPROC),
@@ -157,7 +141,7 @@ TEST_F(Dialogs, CustomCreatorsMakeUnknownClassesInRegistrationOrder) {
 
 TEST_F(Dialogs, UnregisteredCreatorsAreNoLongerAsked) {
     KOBAL_UnregisterCustomControlCreator(createGraph);
-    HWND dialog = KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure, 0);
+    HWND dialog = testDialog();
     EXPECT_EQ(GetDlgItem(dialog, kCustomId)->className, "TestGraph");
     EXPECT_EQ(GetDlgItem(dialog, kCustomId)->procedure, nullptr);
     KOBAL_UnregisterCustomControlCreator(createGraph);  // twice is harmless
@@ -189,15 +173,12 @@ TEST_F(Dialogs, WithoutDoSizeOnlyPositionsAreScaled) {
     KOBAL_MakeSetCurParms(2.0f, 3.0f, 5, 6, host, true, false);
     const ControlRecord label{kMarkerLabel, -1, 0, "x", 50, 10, 10, 20, 8, 0};
     KOBAL_GenerateDialogFromList(&label, 1);
-    RECT rect = rectOf(GetDlgItem(host, 50));
-    EXPECT_EQ(rect.left, 25);  // 10 × 2 + 5
-    EXPECT_EQ(rect.top, 36);   // 10 × 3 + 6
-    EXPECT_EQ(rect.right - rect.left, 20);
-    EXPECT_EQ(rect.bottom - rect.top, 8);
+    // At 10 × 2 + 5, 10 × 3 + 6, and 20 × 8 as given.
+    EXPECT_EQ(rectOf(GetDlgItem(host, 50)), (RECT{25, 36, 25 + 20, 36 + 8}));
 }
 
 TEST_F(Dialogs, DestroyingTheDialogDestroysItsControls) {
-    HWND dialog = KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure, 0);
+    HWND dialog = testDialog();
     HWND graph = GetDlgItem(dialog, kCustomId);
     HWND edit = GetDlgItem(dialog, 12);
     recordedMessages().clear();

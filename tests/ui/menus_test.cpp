@@ -44,7 +44,7 @@ TEST_F(Menus, PopupMarkersBuildNestedPopupsAndSeparators) {
     EXPECT_EQ(context[4].text, "Enable band");
 }
 
-TEST_F(Menus, SubMenusAreFoundByPositionAndFreedWithTheirMenu) {
+TEST_F(Menus, SubMenusAreFoundByPositionAndFreedWithTheirMenuAndOddResourcesAreHandled) {
     HMENU menu = loadContext();
     HMENU context = GetSubMenu(menu, 0);
     ASSERT_NE(context, nullptr);
@@ -58,9 +58,6 @@ TEST_F(Menus, SubMenusAreFoundByPositionAndFreedWithTheirMenu) {
     EXPECT_FALSE(isLiveMenu(context));
     EXPECT_EQ(liveMenuCount(), 0);
     EXPECT_FALSE(DestroyMenu(menu));
-}
-
-TEST_F(Menus, UnknownResourcesAndEmptyCallbacksAreHandled) {
     EXPECT_EQ(KOBAL_LoadMenu(&contextMenu, 999), nullptr);
     HMENU empty = KOBAL_LoadMenu(&contextMenu, 105);
     ASSERT_NE(empty, nullptr);

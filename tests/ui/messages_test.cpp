@@ -40,7 +40,12 @@ TEST_F(Messages, SendMessageRunsTheProcedureAtOnceAndReturnsItsAnswer) {
     EXPECT_EQ(SendMessage(nullptr, WM_USER, 0, 0), 0);
 }
 
-TEST_F(Messages, PostedMessagesWaitForThePumpAndArriveInOrder) {
+LRESULT postAgainOnce(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_USER && wParam == 0) PostMessage(window, WM_USER, 1, 0);
+    return recordingWindowProcedure(window, message, wParam, lParam);
+}
+
+TEST_F(Messages, PostedMessagesArriveInOrderFromOnePumpUnlessTheirWindowIsGone) {
     HWND first = recordingChild(hostWindow());
     HWND second = recordingChild(hostWindow());
     EXPECT_TRUE(PostMessage(first, WM_USER + 1, 1, 0));
@@ -58,14 +63,6 @@ TEST_F(Messages, PostedMessagesWaitForThePumpAndArriveInOrder) {
     EXPECT_EQ(posted[2].message, WM_TIMER);
     EXPECT_EQ(posted[2].wParam, 2u);
     EXPECT_EQ(pendingPostedMessages(), 0);
-}
-
-LRESULT postAgainOnce(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_USER && wParam == 0) PostMessage(window, WM_USER, 1, 0);
-    return recordingWindowProcedure(window, message, wParam, lParam);
-}
-
-TEST_F(Messages, MessagesPostedWhileHandlingAreDeliveredByTheSamePump) {
     HWND window = recordingChild(hostWindow());
     SetWindowLong(window, GWL_WNDPROC, reinterpret_cast<LONG_PTR>(postAgainOnce));
     PostMessage(window, WM_USER, 0, 0);
@@ -73,12 +70,9 @@ TEST_F(Messages, MessagesPostedWhileHandlingAreDeliveredByTheSamePump) {
     auto users = recordedOf(WM_USER);
     ASSERT_EQ(users.size(), 2u);
     EXPECT_EQ(users[1].wParam, 1u);
-}
-
-TEST_F(Messages, MessagesForADestroyedWindowAreDropped) {
-    HWND window = recordingChild(hostWindow());
-    PostMessage(window, WM_USER, 0, 0);
-    DestroyWindow(window);
+    HWND doomed = recordingChild(hostWindow());
+    PostMessage(doomed, WM_USER, 0, 0);
+    DestroyWindow(doomed);
     EXPECT_EQ(pendingPostedMessages(), 0);
     recordedMessages().clear();
     pumpMessages();

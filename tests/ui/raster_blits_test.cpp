@@ -25,52 +25,36 @@ BitmapPtr fourColours() {
     return bitmap;
 }
 
-TEST(MuraBlit, PlacesTheSourceAtItsPosition) {
+TEST(MuraBlit, PlacesTheSourceAtItsPositionBlendedWithTheCallsAlpha) {
     BitmapPtr source = fourColours();
     BitmapPtr target = makeBitmap(5, 5);
     MURA_Blit(target.get(), source.get(), 2, 1, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(target.get(), 2, 1), kRed);
-    EXPECT_EQ(pixelAt(target.get(), 3, 1), kGreen);
-    EXPECT_EQ(pixelAt(target.get(), 2, 2), kBlue);
-    EXPECT_EQ(pixelAt(target.get(), 3, 2), kWhite);
+    expectPixels(target.get(), {{2, 1, kRed}, {3, 1, kGreen}, {2, 2, kBlue}, {3, 2, kWhite}});
     EXPECT_EQ(countPixelsOtherThan(target.get(), kBlack), 4);
+    BitmapPtr white = makeBitmap(1, 1);
+    MURA_Clear(white.get(), kWhite);
+    BitmapPtr blended = makeBitmap(1, 1);
+    MURA_Blit(blended.get(), white.get(), 0, 0, 0.5, kBlend);
+    EXPECT_NEAR(channel(pixelAt(blended.get(), 0, 0), 8), 128, 1);
 }
 
-TEST(MuraBlit, BlendsWithTheCallsAlpha) {
-    BitmapPtr source = makeBitmap(1, 1);
-    MURA_Clear(source.get(), kWhite);
-    BitmapPtr target = makeBitmap(1, 1);
-    MURA_Blit(target.get(), source.get(), 0, 0, 0.5, kBlend);
-    EXPECT_NEAR(channel(pixelAt(target.get(), 0, 0), 8), 128, 1);
-}
-
-TEST(MuraBlit, TransparentSourcePixelsLeaveTheTargetInBlendMode) {
+TEST(MuraBlit, TransparentSourcePixelsLeaveTheTargetWhenBlendingAndReplaceItOtherwise) {
     BitmapPtr source = makeBitmap(2, 1, kAlphaBitmap);
-    MURA_PutPixel(source.get(), 0, 0, kRed, 1.0, kBlend);
+    MURA_PutPixel(source.get(), 0, 0, kRed, 1.0, kBlend);  // pixel 1 stays transparent
     BitmapPtr target = makeBitmap(2, 1);
     MURA_Clear(target.get(), kBlue);
     MURA_Blit(target.get(), source.get(), 0, 0, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(target.get(), 0, 0), kRed);
-    EXPECT_EQ(pixelAt(target.get(), 1, 0), kBlue);
-}
-
-TEST(MuraBlit, ReplaceModeTakesTheSourcesPixelsAndOpaqueTargetsStayOpaque) {
-    BitmapPtr source = makeBitmap(2, 1, kAlphaBitmap);
-    MURA_PutPixel(source.get(), 0, 0, kRed, 1.0, kBlend);  // pixel 1 stays transparent
+    expectPixels(target.get(), {{0, 0, kRed}, {1, 0, kBlue}});
 
     BitmapPtr opaque = makeBitmap(3, 1);
     MURA_Clear(opaque.get(), kWhite);
     MURA_Blit(opaque.get(), source.get(), 0, 0, 0.5, kReplace);
-    EXPECT_EQ(pixelAt(opaque.get(), 0, 0), kRed);
-    EXPECT_EQ(pixelAt(opaque.get(), 1, 0), kBlack);
-    EXPECT_EQ(pixelAt(opaque.get(), 2, 0), kWhite);
+    expectPixels(opaque.get(), {{0, 0, kRed}, {1, 0, kBlack}, {2, 0, kWhite}});
 
     BitmapPtr withAlpha = makeBitmap(3, 1, kAlphaBitmap);
     MURA_Clear(withAlpha.get(), kWhite);
     MURA_Blit(withAlpha.get(), source.get(), 0, 0, 1.0, kReplace);
-    EXPECT_EQ(pixelAt(withAlpha.get(), 0, 0), kRed);
-    EXPECT_EQ(pixelAt(withAlpha.get(), 1, 0), 0x00000000u);
-    EXPECT_EQ(pixelAt(withAlpha.get(), 2, 0), kWhite);
+    expectPixels(withAlpha.get(), {{0, 0, kRed}, {1, 0, 0x00000000u}, {2, 0, kWhite}});
 }
 
 TEST(MuraScaledBlit, StretchesEachSourcePixelOverItsShareOfTheTarget) {
@@ -78,32 +62,24 @@ TEST(MuraScaledBlit, StretchesEachSourcePixelOverItsShareOfTheTarget) {
     BitmapPtr target = makeBitmap(10, 10);
     MURA_ScaledBlit(target.get(), source.get(), 1, 1, 8, 8, 1.0, kBlend);
     // Quarter centres are untouched by the bilinear filter's blending.
-    EXPECT_EQ(pixelAt(target.get(), 2, 2), kRed);
-    EXPECT_EQ(pixelAt(target.get(), 7, 2), kGreen);
-    EXPECT_EQ(pixelAt(target.get(), 2, 7), kBlue);
-    EXPECT_EQ(pixelAt(target.get(), 7, 7), kWhite);
-    EXPECT_EQ(pixelAt(target.get(), 0, 0), kBlack);
-    EXPECT_EQ(pixelAt(target.get(), 9, 9), kBlack);
+    expectPixels(target.get(), {{2, 2, kRed}, {7, 2, kGreen}, {2, 7, kBlue}, {7, 7, kWhite},
+        {0, 0, kBlack}, {9, 9, kBlack}});
     EXPECT_EQ(boundsOfPixelsOtherThan(target.get(), kBlack).right, 8);
 }
 
-TEST(MuraRotatedBlit, HalfTurnSwapsOppositeCorners) {
+TEST(MuraRotatedBlit, HalfTurnSwapsOppositeCornersAndQuarterTurnMovesTheTopRowToTheRightColumn) {
     BitmapPtr source = makeBitmap(4, 4);
     MURA_PutPixel(source.get(), 0, 0, kRed, 1.0, kReplace);
     BitmapPtr target = makeBitmap(4, 4);
     MURA_Clear(target.get(), kBlue);
     MURA_RotatedBlit(target.get(), source.get(), 0, 0, M_PI, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(target.get(), 3, 3), kRed);
-    EXPECT_EQ(pixelAt(target.get(), 0, 0), kBlack);
-}
-
-TEST(MuraRotatedBlit, QuarterTurnMovesTheTopRowToTheRightColumn) {
-    BitmapPtr source = makeBitmap(4, 4);
-    MURA_FillRect(source.get(), 0, 0, 4, 1, kRed, 1.0, kReplace);
-    BitmapPtr target = makeBitmap(4, 4);
-    MURA_RotatedBlit(target.get(), source.get(), 0, 0, M_PI / 2, 1.0, kBlend);
-    for (int y = 0; y < 4; ++y) EXPECT_EQ(pixelAt(target.get(), 3, y), kRed) << y;
-    EXPECT_EQ(countPixelsOtherThan(target.get(), kBlack), 4);
+    expectPixels(target.get(), {{3, 3, kRed}, {0, 0, kBlack}});
+    BitmapPtr row = makeBitmap(4, 4);
+    MURA_FillRect(row.get(), 0, 0, 4, 1, kRed, 1.0, kReplace);
+    BitmapPtr turned = makeBitmap(4, 4);
+    MURA_RotatedBlit(turned.get(), row.get(), 0, 0, M_PI / 2, 1.0, kBlend);
+    for (int y = 0; y < 4; ++y) EXPECT_EQ(pixelAt(turned.get(), 3, y), kRed) << y;
+    EXPECT_EQ(countPixelsOtherThan(turned.get(), kBlack), 4);
 }
 
 TEST(MuraCopy, MakesTheTargetAnExactCopySizeIncluded) {
@@ -124,39 +100,32 @@ TEST(MuraDrawGlyph, CoverageSetsTheOpacityOfEachPixel) {
                                 0, 255, 0};
     BitmapPtr bitmap = makeBitmap(5, 4);
     MURA_DrawGlyph(bitmap.get(), coverage, 1, 1, 3, 2, kWhite, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(bitmap.get(), 1, 1), kWhite);
-    EXPECT_EQ(pixelAt(bitmap.get(), 2, 1), kBlack);
+    expectPixels(bitmap.get(), {{1, 1, kWhite}, {2, 1, kBlack}});
     EXPECT_NEAR(channel(pixelAt(bitmap.get(), 3, 1), 0), 128, 1);
     EXPECT_EQ(pixelAt(bitmap.get(), 2, 2), kWhite);
     EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 3);
 }
 
-TEST(MuraBitmapResize, KeepsThePixelsThatFitAndBlackensNewOnes) {
+TEST(MuraBitmapResize, KeepsThePixelsThatFitBlackensNewOnesAndEmptiesOnImpossibleSizes) {
     BitmapPtr bitmap = makeBitmap(3, 3);
     MURA_Clear(bitmap.get(), kWhite);
     bitmap->resize(5, 4);
     ASSERT_EQ(bitmap->width(), 5);
     ASSERT_EQ(bitmap->height(), 4);
     EXPECT_GE(bitmap->rowSpan(), 5);
-    EXPECT_EQ(pixelAt(bitmap.get(), 2, 2), kWhite);
-    EXPECT_EQ(pixelAt(bitmap.get(), 3, 0), kBlack);
-    EXPECT_EQ(pixelAt(bitmap.get(), 0, 3), kBlack);
-    EXPECT_EQ(pixelAt(bitmap.get(), 4, 3), kBlack);
+    expectPixels(bitmap.get(), {{2, 2, kWhite}, {3, 0, kBlack}, {0, 3, kBlack}, {4, 3, kBlack}});
     bitmap->resize(2, 1);
     EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kWhite), 0);
-}
-
-TEST(MuraBitmapResize, ImpossibleSizesLeaveAnEmptyBitmapThatStillTakesCalls) {
-    BitmapPtr bitmap = makeBitmap(3, 3);
-    bitmap->resize(-2, 5);
-    EXPECT_EQ(bitmap->width(), 0);
-    bitmap->resize(40000, 5);  // larger than any image the library makes
-    EXPECT_EQ(bitmap->width(), 0);
-    MURA_FillRect(bitmap.get(), 0, 0, 10, 10, kRed, 1.0, kBlend);
-    MURA_LineInt(bitmap.get(), 0, 0, 10, 10, kRed, 1.0, kBlend, 0);
-    bitmap->resize(2, 2);
-    ASSERT_EQ(bitmap->width(), 2);
-    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 0);
+    BitmapPtr emptied = makeBitmap(3, 3);
+    emptied->resize(-2, 5);
+    EXPECT_EQ(emptied->width(), 0);
+    emptied->resize(40000, 5);  // larger than any image the library makes
+    EXPECT_EQ(emptied->width(), 0);
+    MURA_FillRect(emptied.get(), 0, 0, 10, 10, kRed, 1.0, kBlend);
+    MURA_LineInt(emptied.get(), 0, 0, 10, 10, kRed, 1.0, kBlend, 0);
+    emptied->resize(2, 2);
+    ASSERT_EQ(emptied->width(), 2);
+    EXPECT_EQ(countPixelsOtherThan(emptied.get(), kBlack), 0);
 }
 
 TEST(MuraBitmapPixels, DirectWritesShowAfterMarkDirty) {
@@ -164,11 +133,10 @@ TEST(MuraBitmapPixels, DirectWritesShowAfterMarkDirty) {
     bitmap->pixels()[1 * bitmap->rowSpan() + 2] = kGreen;
     bitmap->markDirty();
     MURA_FillRect(bitmap.get(), 0, 0, 1, 1, kRed, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(bitmap.get(), 2, 1), kGreen);
-    EXPECT_EQ(pixelAt(bitmap.get(), 0, 0), kRed);
+    expectPixels(bitmap.get(), {{2, 1, kGreen}, {0, 0, kRed}});
 }
 
-TEST(MuraBitmapDeviceContext, IsACanvasThatBitBltCanCopyFrom) {
+TEST(MuraBitmapDeviceContext, IsACanvasThatBitBltCanCopyFromUntilItsBitmapGoes) {
     BitmapPtr bitmap = fourColours();
     HDC dc = bitmap->deviceContext();
     Canvas* canvas = canvasOf(dc);
@@ -182,13 +150,10 @@ TEST(MuraBitmapDeviceContext, IsACanvasThatBitBltCanCopyFrom) {
     window.copyFrom(*canvasOf(dc), 0, 0, 2, 2, 1, 1);
     EXPECT_EQ(window.pixel(1, 1), kRed);
     EXPECT_EQ(window.pixel(2, 2), kWhite);
-}
-
-TEST(MuraBitmapDeviceContext, IsForgottenWithItsBitmap) {
-    BitmapPtr bitmap = makeBitmap(2, 2);
-    HDC dc = bitmap->deviceContext();
-    bitmap.reset();
-    EXPECT_EQ(canvasOf(dc), nullptr);
+    BitmapPtr shortLived = makeBitmap(2, 2);
+    HDC forgotten = shortLived->deviceContext();
+    shortLived.reset();
+    EXPECT_EQ(canvasOf(forgotten), nullptr);
 }
 
 }  // namespace

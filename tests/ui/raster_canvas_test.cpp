@@ -26,7 +26,7 @@ std::string scratchPngPath(const char* name) {
     return (std::filesystem::temp_directory_path() / name).string();
 }
 
-TEST(CanvasDrawing, FillAndFrameCoverTheirPixels) {
+TEST(CanvasDrawing, FillsFramesAndLinesCoverWholePixelsReadUnpremultiplied) {
     Canvas canvas(10, 10);
     EXPECT_EQ(inkedPixels(canvas), 0);
     canvas.fillRect(1, 1, 3, 2, kRed);
@@ -37,22 +37,16 @@ TEST(CanvasDrawing, FillAndFrameCoverTheirPixels) {
     EXPECT_EQ(canvas.pixel(6, 6), 0u);
     EXPECT_EQ(canvas.pixel(-1, 0), 0u);
     EXPECT_EQ(canvas.pixel(10, 0), 0u);
-}
-
-TEST(CanvasDrawing, PixelAnswersUnpremultipliedColours) {
-    Canvas canvas(1, 1);
-    canvas.fillRect(0, 0, 1, 1, 0x80ff0000);
-    const uint32_t pixel = canvas.pixel(0, 0);
-    EXPECT_EQ(pixel >> 24, 0x80u);
-    EXPECT_NEAR(static_cast<int>(pixel >> 16 & 0xff), 255, 1);
-}
-
-TEST(CanvasDrawing, OnePixelLineCoversWholePixels) {
-    Canvas canvas(10, 10);
-    canvas.line(2, 4, 7, 4, kWhite);
-    for (int x = 2; x <= 7; ++x) EXPECT_EQ(canvas.pixel(x, 4), kWhite) << x;
-    EXPECT_EQ(canvas.pixel(5, 3), 0u);
-    EXPECT_EQ(canvas.pixel(5, 5), 0u);
+    Canvas translucent(1, 1);
+    translucent.fillRect(0, 0, 1, 1, 0x80ff0000);
+    const uint32_t mixed = translucent.pixel(0, 0);
+    EXPECT_EQ(mixed >> 24, 0x80u);
+    EXPECT_NEAR(static_cast<int>(mixed >> 16 & 0xff), 255, 1);
+    Canvas lined(10, 10);
+    lined.line(2, 4, 7, 4, kWhite);
+    for (int x = 2; x <= 7; ++x) EXPECT_EQ(lined.pixel(x, 4), kWhite) << x;
+    EXPECT_EQ(lined.pixel(5, 3), 0u);
+    EXPECT_EQ(lined.pixel(5, 5), 0u);
 }
 
 TEST(CanvasDrawing, TextLandsInsideItsRectangle) {
@@ -73,7 +67,7 @@ TEST(CanvasDrawing, TextLandsInsideItsRectangle) {
     EXPECT_NEAR((left + right + 1) / 2.0, 60, 2);
 }
 
-TEST(CanvasCopies, CopyReplacesTheTargetRectangle) {
+TEST(CanvasCopies, CopyReplacesTheTargetRectangleAndResizeKeepsPixelsAndTheDeviceContext) {
     Canvas source(4, 4);
     source.fillRect(0, 0, 4, 4, 0x40ffffff);
     source.fillRect(1, 1, 1, 1, kRed);
@@ -84,9 +78,6 @@ TEST(CanvasCopies, CopyReplacesTheTargetRectangle) {
     EXPECT_EQ(target.pixel(4, 4) >> 24, 0x40u);  // replaced, not blended
     EXPECT_EQ(target.pixel(2, 2), kWhite);
     EXPECT_EQ(target.pixel(5, 5), kWhite);
-}
-
-TEST(CanvasCopies, ResizeKeepsPixelsAndTheDeviceContext) {
     Canvas canvas(3, 3);
     HDC dc = canvas.deviceContext();
     canvas.fillRect(0, 0, 3, 3, kRed);
@@ -118,7 +109,7 @@ TEST(CanvasDeviceContexts, LeadBackToTheirCanvasOnly) {
     EXPECT_EQ(canvasOf(gone), nullptr);
 }
 
-TEST(CanvasPng, WrittenImageReadsBackPixelForPixel) {
+TEST(CanvasPng, WrittenImageReadsBackPixelForPixelAndUnwritablePathsFail) {
     Canvas canvas(7, 5);
     canvas.fillRect(0, 0, 7, 5, 0xff102030);
     canvas.fillRect(2, 1, 3, 2, kRed);
@@ -141,10 +132,6 @@ TEST(CanvasPng, WrittenImageReadsBackPixelForPixel) {
     for (int y = 0; y < 5; ++y)
         for (int x = 0; x < 7; ++x)
             EXPECT_EQ(decoded.pixel(x, y), canvas.pixel(x, y)) << x << "," << y;
-}
-
-TEST(CanvasPng, UnwritablePathFails) {
-    Canvas canvas(2, 2);
     EXPECT_FALSE(canvas.writePng("/nonexistent-directory/ombro.png"));
 }
 

@@ -15,31 +15,24 @@ constexpr uint32_t kRed = 0xffff0000;
 constexpr uint32_t kBlue = 0xff0000ff;
 constexpr uint32_t kWhite = 0xffffffff;
 
-TEST(MuraFunctionLookup, AnswersEveryRasterNameAndNothingElse) {
+TEST(MuraFunctionLookup, AnswersEachRasterNameWithItsOwnFunctionAndNothingElse) {
     for (const char* name : kMuraFunctionNames) EXPECT_NE(findMuraFunction(name), nullptr) << name;
     EXPECT_EQ(findMuraFunction("MURA_Frobnicate"), nullptr);
     EXPECT_EQ(findMuraFunction("mura_fillrect"), nullptr);
     EXPECT_EQ(findMuraFunction(""), nullptr);
     EXPECT_EQ(findMuraFunction(nullptr), nullptr);
-}
-
-TEST(MuraFunctionLookup, NamesLeadToDistinctFunctions) {
     for (size_t i = 0; i < std::size(kMuraFunctionNames); ++i)
         for (size_t k = i + 1; k < std::size(kMuraFunctionNames); ++k)
             EXPECT_NE(findMuraFunction(kMuraFunctionNames[i]),
                       findMuraFunction(kMuraFunctionNames[k]))
                 << kMuraFunctionNames[i] << " " << kMuraFunctionNames[k];
-}
-
-TEST(MuraFunctionLookup, FillRectFoundByNameDrawsLikeTheDirectCall) {
     auto fillRect = reinterpret_cast<MURA_FillRectProc>(findMuraFunction("MURA_FillRect"));
     BitmapPtr bitmap = makeBitmap(4, 4);
     fillRect(bitmap.get(), 1, 1, 2, 2, kRed, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(bitmap.get(), 1, 1), kRed);
-    EXPECT_EQ(pixelAt(bitmap.get(), 0, 0), kBlack);
+    expectPixels(bitmap.get(), {{1, 1, kRed}, {0, 0, kBlack}});
 }
 
-TEST(MuraBitmapKinds, OpaqueStartsBlackAndAlphaStartsTransparent) {
+TEST(MuraBitmapKinds, OpaqueStartsBlackAlphaStartsTransparentAndImpossibleSizesAreRefused) {
     BitmapPtr opaque = makeBitmap(3, 2, kOpaqueBitmap);
     BitmapPtr withAlpha = makeBitmap(3, 2, kAlphaBitmap);
     ASSERT_EQ(opaque->width(), 3);
@@ -47,9 +40,6 @@ TEST(MuraBitmapKinds, OpaqueStartsBlackAndAlphaStartsTransparent) {
     EXPECT_GE(opaque->rowSpan(), 3);
     EXPECT_EQ(countPixelsOtherThan(opaque.get(), kBlack), 0);
     EXPECT_EQ(countPixelsOtherThan(withAlpha.get(), 0x00000000), 0);
-}
-
-TEST(MuraBitmapKinds, RefusesImpossibleSizes) {
     EXPECT_EQ(MURA_CreateBitmap(1, -1, 10), nullptr);
     EXPECT_EQ(MURA_CreateBitmap(1, 10, 40000), nullptr);
     BitmapPtr empty = makeBitmap(0, 0);
@@ -58,7 +48,7 @@ TEST(MuraBitmapKinds, RefusesImpossibleSizes) {
     EXPECT_EQ(empty->width(), 0);
 }
 
-TEST(MuraFillRect, CoversExactlyItsPixels) {
+TEST(MuraFillRect, CoversExactlyItsPixelsClipsAtTheEdgesAndIgnoresEmptySizes) {
     BitmapPtr bitmap = makeBitmap(10, 8);
     MURA_FillRect(bitmap.get(), 2, 3, 4, 2, 0xff123456, 1.0, kBlend);
     for (int y = 0; y < 8; ++y)
@@ -66,15 +56,12 @@ TEST(MuraFillRect, CoversExactlyItsPixels) {
             const bool inside = x >= 2 && x < 6 && y >= 3 && y < 5;
             EXPECT_EQ(pixelAt(bitmap.get(), x, y), inside ? 0xff123456 : kBlack) << x << "," << y;
         }
-}
-
-TEST(MuraFillRect, ClipsAtTheEdgesAndIgnoresEmptySizes) {
-    BitmapPtr bitmap = makeBitmap(4, 4);
-    MURA_FillRect(bitmap.get(), -2, -2, 4, 4, kRed, 1.0, kBlend);
-    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 4);
-    MURA_FillRect(bitmap.get(), 0, 0, 0, 4, kBlue, 1.0, kBlend);
-    MURA_FillRect(bitmap.get(), 0, 0, 4, -1, kBlue, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(bitmap.get(), 3, 3), kBlack);
+    BitmapPtr edges = makeBitmap(4, 4);
+    MURA_FillRect(edges.get(), -2, -2, 4, 4, kRed, 1.0, kBlend);
+    EXPECT_EQ(countPixelsOtherThan(edges.get(), kBlack), 4);
+    MURA_FillRect(edges.get(), 0, 0, 0, 4, kBlue, 1.0, kBlend);
+    MURA_FillRect(edges.get(), 0, 0, 4, -1, kBlue, 1.0, kBlend);
+    EXPECT_EQ(pixelAt(edges.get(), 3, 3), kBlack);
 }
 
 TEST(MuraOpacity, BlendsWithTheCallsAlphaOnOpaqueBitmaps) {
@@ -89,7 +76,7 @@ TEST(MuraOpacity, BlendsWithTheCallsAlphaOnOpaqueBitmaps) {
     EXPECT_EQ(channel(mixed, 24), 255);
 }
 
-TEST(MuraOpacity, OpaqueBitmapsIgnoreTheColoursAlphaByte) {
+TEST(MuraOpacity, OpaqueBitmapsIgnoreTheColoursAlphaByteAndClampTheCallsAlpha) {
     BitmapPtr bitmap = makeBitmap(2, 1);
     MURA_FillRect(bitmap.get(), 0, 0, 2, 1, kWhite, 1.0, kBlend);
     // The graph clears itself with colour 0x00000000: that must paint black.
@@ -97,40 +84,32 @@ TEST(MuraOpacity, OpaqueBitmapsIgnoreTheColoursAlphaByte) {
     EXPECT_EQ(pixelAt(bitmap.get(), 0, 0), kBlack);
     MURA_FillRect(bitmap.get(), 1, 0, 1, 1, 0x00ff8000, 1.0, kBlend);
     EXPECT_EQ(pixelAt(bitmap.get(), 1, 0), 0xffff8000);
+    BitmapPtr clamped = makeBitmap(3, 1);
+    MURA_FillRect(clamped.get(), 0, 0, 1, 1, kRed, 7.0, kBlend);
+    MURA_FillRect(clamped.get(), 1, 0, 1, 1, kRed, -1.0, kBlend);
+    MURA_FillRect(clamped.get(), 2, 0, 1, 1, kRed, std::nan(""), kBlend);
+    expectPixels(clamped.get(), {{0, 0, kRed}, {1, 0, kBlack}, {2, 0, kBlack}});
 }
 
-TEST(MuraOpacity, AlphaBitmapsMultiplyTheColoursAlphaByte) {
+TEST(MuraOpacity, AlphaBitmapsMultiplyTheColoursAlphaByteAndReplaceModeIgnoresWhatWasThere) {
     BitmapPtr bitmap = makeBitmap(1, 1, kAlphaBitmap);
     MURA_FillRect(bitmap.get(), 0, 0, 1, 1, 0x80ffffff, 0.5, kBlend);
     // opacity 128/255 * 0.5 = 0.251; stored premultiplied
     const uint32_t stored = pixelAt(bitmap.get(), 0, 0);
     EXPECT_NEAR(channel(stored, 24), 64, 1);
     EXPECT_NEAR(channel(stored, 16), 64, 1);
-}
-
-TEST(MuraOpacity, ReplaceModeIgnoresWhatWasThere) {
     BitmapPtr opaque = makeBitmap(1, 1);
     MURA_FillRect(opaque.get(), 0, 0, 1, 1, kWhite, 1.0, kBlend);
     MURA_FillRect(opaque.get(), 0, 0, 1, 1, 0xff204060, 0.3, kReplace);
     EXPECT_EQ(pixelAt(opaque.get(), 0, 0), 0xff204060);
 
-    BitmapPtr withAlpha = makeBitmap(1, 1, kAlphaBitmap);
-    MURA_FillRect(withAlpha.get(), 0, 0, 1, 1, kWhite, 1.0, kBlend);
-    MURA_FillRect(withAlpha.get(), 0, 0, 1, 1, 0xff0000ff, 0.5, kReplace);
-    const uint32_t stored = pixelAt(withAlpha.get(), 0, 0);
-    EXPECT_NEAR(channel(stored, 24), 128, 1);
-    EXPECT_EQ(channel(stored, 16), 0);
-    EXPECT_NEAR(channel(stored, 0), 128, 1);
-}
-
-TEST(MuraOpacity, OutOfRangeAlphasAreClamped) {
-    BitmapPtr bitmap = makeBitmap(3, 1);
-    MURA_FillRect(bitmap.get(), 0, 0, 1, 1, kRed, 7.0, kBlend);
-    MURA_FillRect(bitmap.get(), 1, 0, 1, 1, kRed, -1.0, kBlend);
-    MURA_FillRect(bitmap.get(), 2, 0, 1, 1, kRed, std::nan(""), kBlend);
-    EXPECT_EQ(pixelAt(bitmap.get(), 0, 0), kRed);
-    EXPECT_EQ(pixelAt(bitmap.get(), 1, 0), kBlack);
-    EXPECT_EQ(pixelAt(bitmap.get(), 2, 0), kBlack);
+    BitmapPtr replacedAlpha = makeBitmap(1, 1, kAlphaBitmap);
+    MURA_FillRect(replacedAlpha.get(), 0, 0, 1, 1, kWhite, 1.0, kBlend);
+    MURA_FillRect(replacedAlpha.get(), 0, 0, 1, 1, 0xff0000ff, 0.5, kReplace);
+    const uint32_t replaced = pixelAt(replacedAlpha.get(), 0, 0);
+    EXPECT_NEAR(channel(replaced, 24), 128, 1);
+    EXPECT_EQ(channel(replaced, 16), 0);
+    EXPECT_NEAR(channel(replaced, 0), 128, 1);
 }
 
 TEST(MuraLineInt, VerticalLineCoversBothEndsAndNothingElse) {
@@ -146,24 +125,19 @@ TEST(MuraLineInt, VerticalLineCoversBothEndsAndNothingElse) {
     }
 }
 
-TEST(MuraLineInt, HorizontalLineCoversBothEnds) {
+TEST(MuraLineInt, HorizontalAndDiagonalLinesSetOnePixelPerStepOfTheLongerAxis) {
     BitmapPtr bitmap = makeBitmap(10, 3);
     MURA_LineInt(bitmap.get(), 8, 1, 1, 1, kWhite, 1.0, kBlend, 0);
     EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 8);
-    EXPECT_EQ(pixelAt(bitmap.get(), 1, 1), kWhite);
-    EXPECT_EQ(pixelAt(bitmap.get(), 8, 1), kWhite);
-}
-
-TEST(MuraLineInt, DiagonalLineSetsOnePixelPerStepOfTheLongerAxis) {
-    BitmapPtr bitmap = makeBitmap(12, 12);
-    MURA_LineInt(bitmap.get(), 1, 2, 10, 5, kWhite, 1.0, kBlend, 0);
-    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 10);
-    EXPECT_EQ(pixelAt(bitmap.get(), 1, 2), kWhite);
-    EXPECT_EQ(pixelAt(bitmap.get(), 10, 5), kWhite);
+    expectPixels(bitmap.get(), {{1, 1, kWhite}, {8, 1, kWhite}});
+    BitmapPtr diagonal = makeBitmap(12, 12);
+    MURA_LineInt(diagonal.get(), 1, 2, 10, 5, kWhite, 1.0, kBlend, 0);
+    EXPECT_EQ(countPixelsOtherThan(diagonal.get(), kBlack), 10);
+    expectPixels(diagonal.get(), {{1, 2, kWhite}, {10, 5, kWhite}});
     for (int x = 1; x <= 10; ++x) {
         // the ideal row at this column, y = 2 + (x - 1) / 3
         const int row = static_cast<int>(std::lround(2 + (x - 1) / 3.0));
-        EXPECT_EQ(pixelAt(bitmap.get(), x, row), kWhite) << x;
+        EXPECT_EQ(pixelAt(diagonal.get(), x, row), kWhite) << x;
     }
 }
 
@@ -185,22 +159,18 @@ TEST(MuraLineInt, AntialiasedLineStaysNearItsPath) {
     EXPECT_TRUE(partial);
 }
 
-TEST(MuraLine, FloatLineWithoutAntialiasingRoundsToPixels) {
+TEST(MuraLine, FloatLinesRoundToPixelsAndAntialiasedRowsAreSolid) {
     BitmapPtr bitmap = makeBitmap(10, 10);
     MURA_Line(bitmap.get(), 1.2f, 4.4f, 7.8f, 4.4f, kWhite, 1.0, kBlend, 0);
     EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 8);  // columns 1..8 of row 4
     EXPECT_EQ(pixelAt(bitmap.get(), 8, 4), kWhite);
-}
-
-TEST(MuraLine, AntialiasedHorizontalLineOnAWholeRowIsSolid) {
-    BitmapPtr bitmap = makeBitmap(10, 10);
-    MURA_Line(bitmap.get(), 2.0f, 5.0f, 7.0f, 5.0f, kWhite, 1.0, kBlend, 1);
-    for (int x = 3; x <= 6; ++x) EXPECT_EQ(pixelAt(bitmap.get(), x, 5), kWhite) << x;
+    BitmapPtr smooth = makeBitmap(10, 10);
+    MURA_Line(smooth.get(), 2.0f, 5.0f, 7.0f, 5.0f, kWhite, 1.0, kBlend, 1);
+    for (int x = 3; x <= 6; ++x) EXPECT_EQ(pixelAt(smooth.get(), x, 5), kWhite) << x;
     // The round caps cover most of the end pixels.
-    EXPECT_GT(channel(pixelAt(bitmap.get(), 2, 5), 16), 200);
-    EXPECT_GT(channel(pixelAt(bitmap.get(), 7, 5), 16), 200);
-    EXPECT_EQ(pixelAt(bitmap.get(), 4, 4), kBlack);
-    EXPECT_EQ(pixelAt(bitmap.get(), 4, 6), kBlack);
+    EXPECT_GT(channel(pixelAt(smooth.get(), 2, 5), 16), 200);
+    EXPECT_GT(channel(pixelAt(smooth.get(), 7, 5), 16), 200);
+    expectPixels(smooth.get(), {{4, 4, kBlack}, {4, 6, kBlack}});
 }
 
 TEST(MuraCircles, FilledCircleCoversPixelsWithinItsRadius) {
@@ -217,23 +187,19 @@ TEST(MuraCircles, FilledCircleCoversPixelsWithinItsRadius) {
         }
 }
 
-TEST(MuraCircles, OutlineLiesOnTheRadiusAndLeavesTheCentre) {
+TEST(MuraCircles, OutlineLiesOnTheRadiusAndBadRadiiDrawNothing) {
     BitmapPtr bitmap = makeBitmap(30, 30);
     MURA_Circle(bitmap.get(), 15, 15, 6.0f, kWhite, 1.0, kBlend, 1);
-    EXPECT_EQ(pixelAt(bitmap.get(), 15, 15), kBlack);
-    EXPECT_EQ(pixelAt(bitmap.get(), 12, 15), kBlack);
+    expectPixels(bitmap.get(), {{15, 15, kBlack}, {12, 15, kBlack}});
     for (auto [x, y] : {std::pair{21, 15}, std::pair{9, 15}, std::pair{15, 21}, std::pair{15, 9}})
         EXPECT_GT(channel(pixelAt(bitmap.get(), x, y), 16), 100) << x << "," << y;
     const RECT bounds = boundsOfPixelsOtherThan(bitmap.get(), kBlack);
     EXPECT_GE(bounds.left, 8);
     EXPECT_LE(bounds.right, 22);
-}
-
-TEST(MuraCircles, NegativeOrNanRadiusDrawsNothing) {
-    BitmapPtr bitmap = makeBitmap(10, 10);
-    MURA_FillCircle(bitmap.get(), 5, 5, -3.0f, kWhite, 1.0, kBlend, 1);
-    MURA_Circle(bitmap.get(), 5, 5, std::nanf(""), kWhite, 1.0, kBlend, 1);
-    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 0);
+    BitmapPtr none = makeBitmap(10, 10);
+    MURA_FillCircle(none.get(), 5, 5, -3.0f, kWhite, 1.0, kBlend, 1);
+    MURA_Circle(none.get(), 5, 5, std::nanf(""), kWhite, 1.0, kBlend, 1);
+    EXPECT_EQ(countPixelsOtherThan(none.get(), kBlack), 0);
 }
 
 TEST(MuraArc, QuarterArcStaysInItsQuadrant) {
@@ -246,39 +212,28 @@ TEST(MuraArc, QuarterArcStaysInItsQuadrant) {
     EXPECT_GE(bounds.top, 14);
     EXPECT_LE(bounds.right, 24);
     EXPECT_LE(bounds.bottom, 24);
-    EXPECT_EQ(pixelAt(bitmap.get(), 23, 15), kWhite);
-    EXPECT_EQ(pixelAt(bitmap.get(), 15, 23), kWhite);
+    expectPixels(bitmap.get(), {{23, 15, kWhite}, {15, 23, kWhite}});
 }
 
-TEST(MuraRectangles, DrawRectIsAOnePixelOutline) {
+TEST(MuraRectangles, OutlinesAndBorderedRectsCoverTheirPixels) {
     BitmapPtr bitmap = makeBitmap(10, 10);
     MURA_DrawRect(bitmap.get(), 1, 2, 6, 5, kWhite, 1.0, kBlend);
     EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 2 * 6 + 2 * 3);
-    EXPECT_EQ(pixelAt(bitmap.get(), 1, 2), kWhite);
-    EXPECT_EQ(pixelAt(bitmap.get(), 6, 6), kWhite);
-    EXPECT_EQ(pixelAt(bitmap.get(), 3, 4), kBlack);
-}
-
-TEST(MuraRectangles, BorderedRectFillsInsideItsBorder) {
-    BitmapPtr bitmap = makeBitmap(10, 10);
+    expectPixels(bitmap.get(), {{1, 2, kWhite}, {6, 6, kWhite}, {3, 4, kBlack}});
+    BitmapPtr bordered = makeBitmap(10, 10);
     // The readout box passes colours with a cleared top byte.
-    MURA_BorderedRect(bitmap.get(), 2, 2, 5, 4, 0x00ffffe1, 0x00000000, 1.0, kBlend);
-    MURA_FillRect(bitmap.get(), 0, 0, 1, 1, kRed, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(bitmap.get(), 2, 2), kBlack);
-    EXPECT_EQ(pixelAt(bitmap.get(), 6, 5), kBlack);
-    EXPECT_EQ(pixelAt(bitmap.get(), 3, 3), 0xffffffe1);
-    EXPECT_EQ(pixelAt(bitmap.get(), 5, 4), 0xffffffe1);
-    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 1 + 3 * 2);
+    MURA_BorderedRect(bordered.get(), 2, 2, 5, 4, 0x00ffffe1, 0x00000000, 1.0, kBlend);
+    MURA_FillRect(bordered.get(), 0, 0, 1, 1, kRed, 1.0, kBlend);
+    expectPixels(bordered.get(), {{2, 2, kBlack}, {6, 5, kBlack}, {3, 3, 0xffffffe1},
+        {5, 4, 0xffffffe1}});
+    EXPECT_EQ(countPixelsOtherThan(bordered.get(), kBlack), 1 + 3 * 2);
+    BitmapPtr thin = makeBitmap(6, 6);
+    MURA_BorderedRect(thin.get(), 1, 1, 4, 2, kBlue, kWhite, 1.0, kBlend);
+    EXPECT_EQ(countPixelsOtherThan(thin.get(), kBlack), 8);
+    EXPECT_EQ(countPixelsOtherThan(thin.get(), kWhite), 36 - 8);
 }
 
-TEST(MuraRectangles, BorderedRectTooSmallForAnInsideIsAllBorder) {
-    BitmapPtr bitmap = makeBitmap(6, 6);
-    MURA_BorderedRect(bitmap.get(), 1, 1, 4, 2, kBlue, kWhite, 1.0, kBlend);
-    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 8);
-    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kWhite), 36 - 8);
-}
-
-TEST(MuraClear, SetsEveryPixel) {
+TEST(MuraClearAndPutPixel, SetEveryPixelOrOneAndIgnoreOutsideOnes) {
     BitmapPtr opaque = makeBitmap(4, 3);
     MURA_FillRect(opaque.get(), 0, 0, 2, 2, kRed, 1.0, kBlend);
     MURA_Clear(opaque.get(), 0x00336699);
@@ -288,44 +243,36 @@ TEST(MuraClear, SetsEveryPixel) {
     MURA_Clear(withAlpha.get(), kRed);
     MURA_Clear(withAlpha.get(), 0x00000000);
     EXPECT_EQ(countPixelsOtherThan(withAlpha.get(), 0x00000000), 0);
-}
-
-TEST(MuraPutPixel, SetsOnePixelAndIgnoresOutsideOnes) {
-    BitmapPtr bitmap = makeBitmap(4, 4);
-    MURA_PutPixel(bitmap.get(), 2, 1, kRed, 1.0, kBlend);
-    MURA_PutPixel(bitmap.get(), -1, 1, kRed, 1.0, kBlend);
-    MURA_PutPixel(bitmap.get(), 4, 4, kRed, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(bitmap.get(), 2, 1), kRed);
-    EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 1);
+    BitmapPtr single = makeBitmap(4, 4);
+    MURA_PutPixel(single.get(), 2, 1, kRed, 1.0, kBlend);
+    MURA_PutPixel(single.get(), -1, 1, kRed, 1.0, kBlend);
+    MURA_PutPixel(single.get(), 4, 4, kRed, 1.0, kBlend);
+    EXPECT_EQ(pixelAt(single.get(), 2, 1), kRed);
+    EXPECT_EQ(countPixelsOtherThan(single.get(), kBlack), 1);
 }
 
 TEST(MuraFilledShapes, TriangleCoversItsInsideOnly) {
     BitmapPtr bitmap = makeBitmap(20, 20);
     MURA_FillTriangle(bitmap.get(), 2, 2, 16, 2, 2, 16, kWhite, 1.0, kBlend);
-    EXPECT_EQ(pixelAt(bitmap.get(), 4, 4), kWhite);
-    EXPECT_EQ(pixelAt(bitmap.get(), 8, 8), kWhite);
-    EXPECT_EQ(pixelAt(bitmap.get(), 12, 12), kBlack);
-    EXPECT_EQ(pixelAt(bitmap.get(), 17, 17), kBlack);
+    expectPixels(bitmap.get(), {{4, 4, kWhite}, {8, 8, kWhite}, {12, 12, kBlack},
+        {17, 17, kBlack}});
     // Corners are pixel centres: rows of about 15, 14, ... 1 pixels.
     EXPECT_NEAR(countPixelsOtherThan(bitmap.get(), kBlack), 15 * 16 / 2, 8);
 }
 
-TEST(MuraFilledShapes, RectangularTrapezoidCoversItsRowsAndColumnsInclusively) {
+TEST(MuraFilledShapes, TrapezoidsCoverTheirRowsInclusivelyAndWidenTowardsTheLongerRow) {
     BitmapPtr bitmap = makeBitmap(12, 12);
     MURA_FillTrapezoid(bitmap.get(), 2, 6, 3, 2, 6, 8, kWhite, 1.0, kBlend);
     EXPECT_EQ(countPixelsOtherThan(bitmap.get(), kBlack), 5 * 6);
     EXPECT_EQ(boundsOfPixelsOtherThan(bitmap.get(), kBlack).right, 6);
     EXPECT_EQ(boundsOfPixelsOtherThan(bitmap.get(), kBlack).bottom, 8);
-}
-
-TEST(MuraFilledShapes, TrapezoidWidensTowardsItsLongerRow) {
-    BitmapPtr bitmap = makeBitmap(20, 12);
-    MURA_FillTrapezoid(bitmap.get(), 8, 10, 1, 2, 16, 10, kWhite, 1.0, kBlend);
+    BitmapPtr widening = makeBitmap(20, 12);
+    MURA_FillTrapezoid(widening.get(), 8, 10, 1, 2, 16, 10, kWhite, 1.0, kBlend);
     int topRow = 0;
     int bottomRow = 0;
     for (int x = 0; x < 20; ++x) {
-        topRow += pixelAt(bitmap.get(), x, 1) == kWhite;
-        bottomRow += pixelAt(bitmap.get(), x, 10) == kWhite;
+        topRow += pixelAt(widening.get(), x, 1) == kWhite;
+        bottomRow += pixelAt(widening.get(), x, 10) == kWhite;
     }
     EXPECT_LE(topRow, 4);
     EXPECT_GE(bottomRow, 13);

@@ -2,7 +2,10 @@
 // finding what was drawn.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 
 #include "contracts/mura.h"
@@ -22,6 +25,18 @@ inline BitmapPtr makeBitmap(int width, int height, int kind = kOpaqueBitmap) {
 
 inline uint32_t pixelAt(MuraBitmap* bitmap, int x, int y) {
     return bitmap->pixels()[y * bitmap->rowSpan() + x];
+}
+
+struct PixelColour {
+    int x;
+    int y;
+    uint32_t colour;
+};
+
+// Each listed pixel holds its colour.
+inline void expectPixels(MuraBitmap* bitmap, std::initializer_list<PixelColour> expected) {
+    for (const PixelColour& pixel : expected)
+        EXPECT_EQ(pixelAt(bitmap, pixel.x, pixel.y), pixel.colour) << pixel.x << "," << pixel.y;
 }
 
 inline int channel(uint32_t pixel, int shift) { return (pixel >> shift) & 0xff; }

@@ -25,31 +25,23 @@ Placed drawInRect(const char* text, RECT rect, UINT flags) {
     return {boundsOfPixelsOtherThan(bitmap.get(), kBlack), returned};
 }
 
-TEST(MuraFontPlacement, LeftAlignedTextStartsAtTheLeftEdge) {
+TEST(MuraFontPlacement, AlignedTextSitsAgainstItsEdgesOrCentred) {
     const Placed placed = drawInRect("Gain", {40, 20, 160, 60}, DT_LEFT | DT_SINGLELINE);
     EXPECT_GE(placed.ink.left, 40);
     EXPECT_LE(placed.ink.left, 42);
     EXPECT_GE(placed.ink.top, 20);
     EXPECT_LE(placed.ink.top, 24);  // top-aligned
     EXPECT_EQ(placed.returned, 12);
-}
-
-TEST(MuraFontPlacement, RightAlignedTextEndsAtTheRightEdge) {
-    const Placed placed = drawInRect("1.0k", {40, 20, 160, 60}, DT_RIGHT | DT_SINGLELINE);
-    EXPECT_LE(placed.ink.right, 159);
-    EXPECT_GE(placed.ink.right, 156);
-}
-
-TEST(MuraFontPlacement, CentredTextIsCentredBothWays) {
-    const Placed placed = drawInRect("12", {40, 20, 160, 60}, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-    EXPECT_NEAR((placed.ink.left + placed.ink.right + 1) / 2.0, 100, 2);
-    EXPECT_NEAR((placed.ink.top + placed.ink.bottom + 1) / 2.0, 40, 3);
-}
-
-TEST(MuraFontPlacement, BottomAlignedTextSitsOnTheBottomEdge) {
-    const Placed placed = drawInRect("+6", {40, 20, 160, 60}, DT_BOTTOM | DT_SINGLELINE);
-    EXPECT_LE(placed.ink.bottom, 59);
-    EXPECT_GE(placed.ink.bottom, 54);
+    const Placed right = drawInRect("1.0k", {40, 20, 160, 60}, DT_RIGHT | DT_SINGLELINE);
+    EXPECT_LE(right.ink.right, 159);
+    EXPECT_GE(right.ink.right, 156);
+    const Placed bottom = drawInRect("+6", {40, 20, 160, 60}, DT_BOTTOM | DT_SINGLELINE);
+    EXPECT_LE(bottom.ink.bottom, 59);
+    EXPECT_GE(bottom.ink.bottom, 54);
+    const Placed centred =
+        drawInRect("12", {40, 20, 160, 60}, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    EXPECT_NEAR((centred.ink.left + centred.ink.right + 1) / 2.0, 100, 2);
+    EXPECT_NEAR((centred.ink.top + centred.ink.bottom + 1) / 2.0, 40, 3);
 }
 
 TEST(MuraFontPlacement, MultiLineTextPutsEachLineBelowTheLast) {
@@ -89,32 +81,18 @@ TEST(MuraFontMeasuring, CalcRectSizesTheRectangleWithoutDrawing) {
     EXPECT_GT(twoLines.right - twoLines.left, rect.right);
 }
 
-TEST(MuraFontMeasuring, LengthLimitsTheText) {
+TEST(MuraFontMeasuring, LengthLimitsTheTextAndAmpersandsMarkMnemonicsUnlessNoPrefix) {
     FontPtr font(MURA_CreateFont());
-    RECT whole{0, 0, 0, 0};
-    RECT part{0, 0, 0, 0};
+    RECT whole{0, 0, 0, 0}, part{0, 0, 0, 0};
     font->drawText(nullptr, "WWWW", -1, &whole, DT_CALCRECT);
     font->drawText(nullptr, "WWWW", 2, &part, DT_CALCRECT);
     EXPECT_NEAR(part.right * 2, whole.right, 2);
-}
-
-TEST(MuraFontMeasuring, AmpersandsMarkMnemonicsUnlessNoPrefix) {
-    FontPtr font(MURA_CreateFont());
-    RECT marked{0, 0, 0, 0};
-    RECT plain{0, 0, 0, 0};
-    RECT literal{0, 0, 0, 0};
+    RECT marked{0, 0, 0, 0}, plain{0, 0, 0, 0}, literal{0, 0, 0, 0};
     font->drawText(nullptr, "&Add", -1, &marked, DT_CALCRECT);
     font->drawText(nullptr, "Add", -1, &plain, DT_CALCRECT);
     font->drawText(nullptr, "&Add", -1, &literal, DT_CALCRECT | kNoPrefix);
     EXPECT_EQ(marked.right, plain.right);
     EXPECT_GT(literal.right, plain.right);
-}
-
-TEST(MuraFontMeasuring, UiFontHeightSetsTheLineHeight) {
-    FontPtr font(MURA_CreateFont());
-    EXPECT_EQ(font->lineHeight(), 12);  // the default, 12-pixel Arial
-    font->takeUiFont(nullptr, 0x200);
-    EXPECT_EQ(font->lineHeight(), 12);
 }
 
 HFONT uiFont(int height, int weight = 400) {
@@ -125,7 +103,7 @@ HFONT uiFont(int height, int weight = 400) {
     return kobal_layer::CreateFontIndirect(&description);
 }
 
-TEST(MuraFontMeasuring, LineHeightFollowsTheUiFontsHeight) {
+TEST(MuraFontMeasuring, LineHeightFollowsTheUiFontsHeightAndDefaultsTo12) {
     FontPtr font(MURA_CreateFont());
     font->takeUiFont(uiFont(10), 0x200);  // the graph's label font
     EXPECT_EQ(font->lineHeight(), 10);
@@ -135,6 +113,10 @@ TEST(MuraFontMeasuring, LineHeightFollowsTheUiFontsHeight) {
     font->takeUiFont(uiFont(-20), 0x200);
     EXPECT_GT(font->lineHeight(), 20);
     EXPECT_LE(font->lineHeight(), 24);
+    FontPtr fallback(MURA_CreateFont());
+    EXPECT_EQ(fallback->lineHeight(), 12);  // the default, 12-pixel Arial
+    fallback->takeUiFont(nullptr, 0x200);
+    EXPECT_EQ(fallback->lineHeight(), 12);
 }
 
 TEST(MuraFontMeasuring, BoldTextIsWider) {
@@ -142,8 +124,7 @@ TEST(MuraFontMeasuring, BoldTextIsWider) {
     FontPtr bold(MURA_CreateFont());
     regular->takeUiFont(uiFont(16), 0);
     bold->takeUiFont(uiFont(16, 700), 0);
-    RECT regularRect{0, 0, 0, 0};
-    RECT boldRect{0, 0, 0, 0};
+    RECT regularRect{0, 0, 0, 0}, boldRect{0, 0, 0, 0};
     regular->drawText(nullptr, "Bandwidth (oct):", -1, &regularRect, DT_CALCRECT);
     bold->drawText(nullptr, "Bandwidth (oct):", -1, &boldRect, DT_CALCRECT);
     EXPECT_GT(boldRect.right, regularRect.right);
@@ -179,7 +160,7 @@ TEST(MuraFontColours, OpaqueBackgroundFillsTheRectangle) {
     EXPECT_EQ(pixelAt(bitmap.get(), 39, 19), kBlack);
 }
 
-TEST(MuraTextFunctions, MeasureAndDrawOneLine) {
+TEST(MuraTextFunctions, MeasureAndDrawOneLineLatin1Included) {
     FontPtr font(MURA_CreateFont());
     int width = 0;
     int height = 0;
@@ -195,13 +176,9 @@ TEST(MuraTextFunctions, MeasureAndDrawOneLine) {
     EXPECT_LE(ink.right, 10 + width);
     EXPECT_GE(ink.top, 5);
     EXPECT_LE(ink.bottom, 5 + height);
-}
-
-TEST(MuraTextFunctions, Latin1TextIsStillDrawn) {
-    FontPtr font(MURA_CreateFont());
-    int width = 0;
-    MURA_MeasureText(font.get(), "\xb0", &width, nullptr);  // a Latin-1 degree sign
-    EXPECT_GT(width, 0);
+    int degreeWidth = 0;
+    MURA_MeasureText(font.get(), "\xb0", &degreeWidth, nullptr);  // a Latin-1 degree sign
+    EXPECT_GT(degreeWidth, 0);
 }
 
 }  // namespace

@@ -59,11 +59,8 @@ protected:
             KOBAL_CreateDialog(&pictureResource, 400, hostWindow(), recordingDialogProcedure, 0);
         ShowWindow(dialog, SW_SHOW);
         CheckDlgButton(dialog, kOn, BST_CHECKED);
-        char one[] = "1", two[] = "2";
-        TCITEM tab{TCIF_TEXT, 0, 0, one, 0, 0, 0};
-        TabCtrl_InsertItem(GetDlgItem(dialog, kTabs), 0, &tab);
-        tab.pszText = two;
-        TabCtrl_InsertItem(GetDlgItem(dialog, kTabs), 1, &tab);
+        insertTab(GetDlgItem(dialog, kTabs), 0, "1");
+        insertTab(GetDlgItem(dialog, kTabs), 1, "2");
         TabCtrl_SetCurSel(GetDlgItem(dialog, kTabs), 1);
         HWND fader = GetDlgItem(dialog, kFader);
         SendMessage(fader, FADER_SETTEXT, 1, reinterpret_cast<LPARAM>("Gain"));
@@ -83,7 +80,7 @@ protected:
     HWND graph = nullptr;
 };
 
-TEST_F(Screenshots, DialogShowsItsFaceAndTheSelfPaintedWindowsPixels) {
+TEST_F(Screenshots, DialogShowsItsControlsStatesAndTheShownSelfPaintedWindowsPixels) {
     auto picture = renderWindow(dialog);
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->width(), 300);
@@ -92,34 +89,23 @@ TEST_F(Screenshots, DialogShowsItsFaceAndTheSelfPaintedWindowsPixels) {
     EXPECT_EQ(picture->pixel(220, 10), kGreen);
     EXPECT_EQ(picture->pixel(279, 49), kGreen);
     EXPECT_EQ(picture->pixel(280, 50), kFace);
-}
-
-TEST_F(Screenshots, CheckBoxesShowTheirStateAndButtonsTheirText) {
-    auto picture = renderWindow(dialog);
     // The check box square sits at the left of the control, vertically centred.
-    RECT checkedInside{13, 48, 21, 56};
-    RECT uncheckedInside{113, 48, 121, 56};
-    EXPECT_TRUE(hasDarkPixel(*picture, checkedInside));
-    EXPECT_FALSE(hasDarkPixel(*picture, uncheckedInside));
+    EXPECT_TRUE(hasDarkPixel(*picture, RECT{13, 48, 21, 56}));    // checked
+    EXPECT_FALSE(hasDarkPixel(*picture, RECT{113, 48, 121, 56}));  // unchecked
     EXPECT_TRUE(hasDarkPixel(*picture, RECT{30, 15, 70, 30}));    // "Add band"
     EXPECT_TRUE(hasDarkPixel(*picture, RECT{130, 44, 200, 60}));  // "Show tabs"
-}
-
-TEST_F(Screenshots, CurrentTabIsHighlighted) {
-    auto picture = renderWindow(dialog);
+    // The current tab is highlighted; the fader's knob follows its position.
     RECT first = tabHeaderRect(GetDlgItem(dialog, kTabs), 0);
     RECT second = tabHeaderRect(GetDlgItem(dialog, kTabs), 1);
     EXPECT_EQ(picture->pixel(10 + first.left + 2, 70 + 2), kFace);
     EXPECT_EQ(picture->pixel(10 + second.left + 2, 70 + 2), kWhite);
-}
-
-TEST_F(Screenshots, FaderKnobFollowsThePosition) {
     HWND fader = GetDlgItem(dialog, kFader);
     POINT knob = faderPointOfPosition(fader, 500);
     EXPECT_EQ(knob.x, 105);  // 5 + 500/1000 × 200
-    auto picture = renderWindow(dialog);
     EXPECT_EQ(picture->pixel(10 + knob.x, 140 + knob.y), kWhite);  // knob face
     EXPECT_NE(picture->pixel(10 + knob.x + 40, 140 + knob.y), kWhite);
+    ShowWindow(graph, SW_HIDE);  // hidden children are left out
+    EXPECT_EQ(renderWindow(dialog)->pixel(240, 30), kFace);
 }
 
 TEST_F(Screenshots, PngIsWrittenAndDecodesToTheWindowSize) {
@@ -132,12 +118,6 @@ TEST_F(Screenshots, PngIsWrittenAndDecodesToTheWindowSize) {
     EXPECT_EQ(cairo_image_surface_get_height(decoded), 180);
     cairo_surface_destroy(decoded);
     EXPECT_FALSE(saveScreenshot(nullptr, path));
-}
-
-TEST_F(Screenshots, HiddenChildrenAreLeftOut) {
-    ShowWindow(graph, SW_HIDE);
-    auto picture = renderWindow(dialog);
-    EXPECT_EQ(picture->pixel(240, 30), kFace);
 }
 
 }  // namespace

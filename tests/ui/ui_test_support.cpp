@@ -5,6 +5,7 @@
 #include "host/ui/host_clock.h"
 #include "host/ui/host_windows.h"
 #include "host/ui/messages.h"
+#include "host/ui/tab_control.h"
 #include "host/ui/window_functions.h"
 #include "host/ui/window_tree.h"
 
@@ -31,6 +32,12 @@ LRESULT recordingDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     recordedMessages().push_back(RecordedMessage{window, message, wParam, lParam});
     if (message == WM_INITDIALOG) SetWindowLong(window, GWL_USERDATA, lParam);
     return 0;
+}
+
+int insertTab(HWND tabs, int index, const char* text) {
+    std::string copy = text;
+    TCITEM tab{TCIF_TEXT, 0, 0, copy.data(), 0, 0, 0};
+    return TabCtrl_InsertItem(tabs, index, &tab);
 }
 
 HWND createRecordingWindow(HWND parent, RECT rect, bool visible) {

@@ -5,10 +5,20 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "contracts/kobal.h"
+
+// Rectangles compare edge by edge and print as {left, top, right, bottom}.
+inline bool operator==(const RECT& a, const RECT& b) {
+    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+}
+inline void PrintTo(const RECT& rect, std::ostream* out) {
+    *out << "{" << rect.left << ", " << rect.top << ", " << rect.right << ", " << rect.bottom
+         << "}";
+}
 
 struct RecordedMessage {
     HWND window;
@@ -26,6 +36,9 @@ LRESULT recordingWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 // A dialog procedure that records and answers 0 (default handling), and on
 // WM_INITDIALOG keeps lParam in GWL_USERDATA as the plug-in's dialogs do.
 LRESULT recordingDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+// Inserts a text tab at `index` of a tab strip; answers TabCtrl_InsertItem's result.
+int insertTab(HWND tabs, int index, const char* text);
 
 // A child window with recordingWindowProcedure at `rect` in `parent`.
 HWND createRecordingWindow(HWND parent, RECT rect, bool visible = true);

@@ -20,20 +20,15 @@ protected:
     }
 };
 
-TEST_F(WindowTree, RectanglesAndPointsConvertBetweenClientAndScreen) {
+TEST_F(WindowTree, RectanglesAndPointsConvertBetweenClientAndScreenAlongTheParents) {
     HWND host = hostWindow();
     HWND outer = child(host, RECT{10, 20, 210, 120});
     HWND inner = child(outer, RECT{5, 6, 55, 36});
     RECT rect{};
     ASSERT_TRUE(GetWindowRect(inner, &rect));
-    EXPECT_EQ(rect.left, kHostLeft + 15);
-    EXPECT_EQ(rect.top, kHostTop + 26);
-    EXPECT_EQ(rect.right, kHostLeft + 65);
-    EXPECT_EQ(rect.bottom, kHostTop + 56);
+    EXPECT_EQ(rect, (RECT{kHostLeft + 15, kHostTop + 26, kHostLeft + 65, kHostTop + 56}));
     ASSERT_TRUE(GetClientRect(inner, &rect));
-    EXPECT_EQ(rect.left, 0);
-    EXPECT_EQ(rect.right, 50);
-    EXPECT_EQ(rect.bottom, 30);
+    EXPECT_EQ(rect, (RECT{0, 0, 50, 30}));
     POINT point{3, 4};
     ClientToScreen(inner, &point);
     EXPECT_EQ(point.x, kHostLeft + 18);
@@ -42,6 +37,10 @@ TEST_F(WindowTree, RectanglesAndPointsConvertBetweenClientAndScreen) {
     EXPECT_EQ(point.x, 8);
     EXPECT_EQ(point.y, 10);
     EXPECT_FALSE(GetWindowRect(nullptr, &rect));
+    EXPECT_EQ(GetParent(inner), outer);
+    EXPECT_EQ(GetParent(host), nullptr);
+    EXPECT_TRUE(IsChild(host, inner));
+    EXPECT_FALSE(IsChild(inner, host));
 }
 
 TEST_F(WindowTree, WindowFromPointFindsTheDeepestShownEnabledWindow) {
@@ -90,36 +89,18 @@ TEST_F(WindowTree, SetWindowPosFlagsFollowTheLayersNumbering) {
     SetWindowPos(window, nullptr, 500, 500, 300, 200, 13);
     RECT rect{};
     GetWindowRect(window, &rect);
-    EXPECT_EQ(rect.left, kHostLeft + 10);
-    EXPECT_EQ(rect.right - rect.left, 300);
-    EXPECT_EQ(rect.bottom - rect.top, 200);
+    EXPECT_EQ(rect, (RECT{kHostLeft + 10, kHostTop + 10, kHostLeft + 310, kHostTop + 210}));
     // 12 = SWP_NOZORDER | SWP_NOACTIVATE: move and resize.
     SetWindowPos(window, nullptr, 1, 2, 30, 40, 12);
     GetWindowRect(window, &rect);
-    EXPECT_EQ(rect.left, kHostLeft + 1);
-    EXPECT_EQ(rect.top, kHostTop + 2);
-    EXPECT_EQ(rect.right - rect.left, 30);
+    EXPECT_EQ(rect, (RECT{kHostLeft + 1, kHostTop + 2, kHostLeft + 31, kHostTop + 42}));
     // SWP_NOSIZE: move only.
     SetWindowPos(window, nullptr, 7, 8, 999, 999, SWP_NOSIZE);
     GetWindowRect(window, &rect);
-    EXPECT_EQ(rect.left, kHostLeft + 7);
-    EXPECT_EQ(rect.bottom - rect.top, 40);
+    EXPECT_EQ(rect, (RECT{kHostLeft + 7, kHostTop + 8, kHostLeft + 37, kHostTop + 48}));
 }
 
-TEST_F(WindowTree, ResizingSendsWmSizeWithTheNewClientSize) {
-    HWND window = child(hostWindow(), RECT{0, 0, 100, 50});
-    recordedMessages().clear();
-    SetWindowPos(window, nullptr, 0, 0, 320, 240, SWP_NOMOVE);
-    auto sizes = recordedOf(WM_SIZE);
-    ASSERT_EQ(sizes.size(), 1u);
-    EXPECT_EQ(sizes[0].lParam & 0xFFFF, 320);
-    EXPECT_EQ((sizes[0].lParam >> 16) & 0xFFFF, 240);
-    recordedMessages().clear();
-    SetWindowPos(window, nullptr, 0, 0, 320, 240, SWP_NOMOVE);
-    EXPECT_TRUE(recordedOf(WM_SIZE).empty());  // same size: no message
-}
-
-TEST_F(WindowTree, ShowWindowReportsThePreviousStateAndSendsWmShowWindow) {
+TEST_F(WindowTree, ShowWindowAndResizingReportTheirChanges) {
     HWND window = child(hostWindow(), RECT{0, 0, 10, 10}, false);
     EXPECT_FALSE(IsWindowVisible(window));
     EXPECT_EQ(ShowWindow(window, SW_SHOW), 0);
@@ -128,6 +109,16 @@ TEST_F(WindowTree, ShowWindowReportsThePreviousStateAndSendsWmShowWindow) {
     auto shows = recordedOf(WM_SHOWWINDOW);
     ASSERT_EQ(shows.size(), 1u);
     EXPECT_EQ(shows[0].wParam, 1u);
+    HWND sized = child(GetParent(window), RECT{0, 0, 100, 50});
+    recordedMessages().clear();
+    SetWindowPos(sized, nullptr, 0, 0, 320, 240, SWP_NOMOVE);
+    auto sizes = recordedOf(WM_SIZE);
+    ASSERT_EQ(sizes.size(), 1u);
+    EXPECT_EQ(sizes[0].lParam & 0xFFFF, 320);
+    EXPECT_EQ((sizes[0].lParam >> 16) & 0xFFFF, 240);
+    recordedMessages().clear();
+    SetWindowPos(sized, nullptr, 0, 0, 320, 240, SWP_NOMOVE);
+    EXPECT_TRUE(recordedOf(WM_SIZE).empty());  // same size: no message
 }
 
 TEST_F(WindowTree, DestroyWindowSendsWmDestroyParentFirstAndFreesTheSubtree) {
@@ -172,7 +163,7 @@ TEST_F(WindowTree, AProcedureMayDestroyItsChildrenDuringWmDestroy) {
     EXPECT_FALSE(IsWindow(parent));
 }
 
-TEST_F(WindowTree, FocusChangesSendKillFocusThenSetFocus) {
+TEST_F(WindowTree, FocusAndCaptureChangeWithTheirNoticesAndEndWithTheirWindow) {
     HWND host = hostWindow();
     HWND first = child(host, RECT{0, 0, 10, 10});
     HWND second = child(host, RECT{20, 0, 30, 10});
@@ -188,10 +179,7 @@ TEST_F(WindowTree, FocusChangesSendKillFocusThenSetFocus) {
     EXPECT_EQ(recordedMessages()[1].window, second);
     DestroyWindow(second);
     EXPECT_EQ(GetFocus(), nullptr);
-}
-
-TEST_F(WindowTree, CaptureIsHeldUntilReleasedOrTheWindowIsDestroyed) {
-    HWND window = child(hostWindow(), RECT{0, 0, 10, 10});
+    HWND window = child(host, RECT{0, 0, 10, 10});
     EXPECT_EQ(SetCapture(window), nullptr);
     EXPECT_EQ(GetCapture(), window);
     EXPECT_TRUE(ReleaseCapture());
@@ -199,16 +187,6 @@ TEST_F(WindowTree, CaptureIsHeldUntilReleasedOrTheWindowIsDestroyed) {
     SetCapture(window);
     DestroyWindow(window);
     EXPECT_EQ(GetCapture(), nullptr);
-}
-
-TEST_F(WindowTree, ParentsAndChildrenAreReported) {
-    HWND host = hostWindow();
-    HWND parent = child(host, RECT{0, 0, 100, 100});
-    HWND inner = child(parent, RECT{0, 0, 10, 10});
-    EXPECT_EQ(GetParent(inner), parent);
-    EXPECT_EQ(GetParent(host), nullptr);
-    EXPECT_TRUE(IsChild(host, inner));
-    EXPECT_FALSE(IsChild(inner, host));
 }
 
 }  // namespace
