@@ -129,28 +129,21 @@ void expectSameBits(const std::vector<double>& actual, const std::vector<double>
 }
 
 void expectSameBand(const EqBand& actual, const EqBand& expected, int32_t index) {
-    const double EqBand::*kFields[] = {&EqBand::a1,
-                                       &EqBand::a2,
-                                       &EqBand::b0,
-                                       &EqBand::b1,
-                                       &EqBand::b2,
-                                       &EqBand::frequency,
-                                       &EqBand::gain,
-                                       &EqBand::bandwidth,
-                                       &EqBand::glideFrequency,
-                                       &EqBand::glideGain,
-                                       &EqBand::glideBandwidth,
-                                       &EqBand::sampleRate};
+    const double EqBand::*kFields[] = {
+        &EqBand::a1,        &EqBand::a2,             &EqBand::b0,        &EqBand::b1,
+        &EqBand::b2,        &EqBand::frequency,      &EqBand::gain,      &EqBand::bandwidth,
+        &EqBand::glideGain, &EqBand::glideFrequency, &EqBand::sampleRate, &EqBand::glideBandwidth};
     for (auto field : kFields)
         ASSERT_EQ(bits(actual.*field), bits(expected.*field)) << "band " << index;
     const BiquadHistory* histories[2][2] = {{&actual.historyLeft, &expected.historyLeft},
                                             {&actual.historyRight, &expected.historyRight}};
-    for (auto& pair : histories) {
-        ASSERT_EQ(bits(pair[0]->x1), bits(pair[1]->x1)) << "band " << index << " x1";
-        ASSERT_EQ(bits(pair[0]->x2), bits(pair[1]->x2)) << "band " << index << " x2";
-        ASSERT_EQ(bits(pair[0]->y1), bits(pair[1]->y1)) << "band " << index << " y1";
-        ASSERT_EQ(bits(pair[0]->y2), bits(pair[1]->y2)) << "band " << index << " y2";
-    }
+    const double BiquadHistory::*kState[] = {&BiquadHistory::x1, &BiquadHistory::x2,
+                                             &BiquadHistory::y1, &BiquadHistory::y2};
+    const char* kStateNames[] = {"x1", "x2", "y1", "y2"};
+    for (auto& pair : histories)
+        for (int k = 0; k < 4; ++k)
+            ASSERT_EQ(bits(pair[0]->*kState[k]), bits(pair[1]->*kState[k]))
+                << "band " << index << " " << kStateNames[k];
     ASSERT_EQ(actual.type, expected.type) << "band " << index;
     ASSERT_EQ(actual.glideType, expected.glideType) << "band " << index;
     ASSERT_EQ(actual.primed, expected.primed) << "band " << index;
