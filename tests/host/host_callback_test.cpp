@@ -16,15 +16,18 @@ protected:
     void SetUp() override { clearUnattributedHostCalls(); }
     void TearDown() override { clearUnattributedHostCalls(); }
 
+    // A call from an effect the host has no session for.
+    intptr_t fromStranger(int32_t opcode, int32_t index = 0, void* ptr = nullptr,
+                          float opt = 0.0f) {
+        return ombroHostCallback(&strangerEffect_, opcode, index, 0, ptr, opt);
+    }
     AEffect strangerEffect_{};  // never registered with a session
 };
 
 TEST_F(UnattributedHostCall, AnswersVersionDefaultStreamSettingsAndItsTexts) {
-    EXPECT_EQ(ombroHostCallback(&strangerEffect_, audioMasterVersion, 0, 0, nullptr, 0.0f), 2400);
-    EXPECT_EQ(ombroHostCallback(&strangerEffect_, audioMasterGetSampleRate, 0, 0, nullptr, 0.0f),
-              44100);
-    EXPECT_EQ(ombroHostCallback(&strangerEffect_, audioMasterGetBlockSize, 0, 0, nullptr, 0.0f),
-              512);
+    EXPECT_EQ(fromStranger(audioMasterVersion), 2400);
+    EXPECT_EQ(fromStranger(audioMasterGetSampleRate), 44100);
+    EXPECT_EQ(fromStranger(audioMasterGetBlockSize), 512);
     char text[64];
     std::memset(text, 'x', sizeof text);
     EXPECT_EQ(ombroHostCallback(nullptr, audioMasterGetVendorString, 0, 0, text, 0.0f), 1);
@@ -71,13 +74,11 @@ TEST_F(UnattributedHostCall, ServesExtensionRequestsByName) {
 
 TEST_F(UnattributedHostCall, RecordsNoticesInOrderWithTheirArguments) {
     ParamListChange change{9, 3};
-    ombroHostCallback(&strangerEffect_, audioMasterBeginEdit, 7, 0, nullptr, 0.0f);
-    ombroHostCallback(&strangerEffect_, audioMasterAutomate, 7, 0, nullptr, 0.75f);
-    ombroHostCallback(&strangerEffect_, audioMasterEndEdit, 7, 0, nullptr, 0.0f);
-    EXPECT_EQ(ombroHostCallback(&strangerEffect_, audioMasterVendorSpecific, kHostExtensionOpcode,
-                                0, &change, 0.0f),
-              1);
-    ombroHostCallback(&strangerEffect_, audioMasterVendorSpecific, 5, 0, nullptr, 0.0f);
+    fromStranger(audioMasterBeginEdit, 7);
+    fromStranger(audioMasterAutomate, 7, nullptr, 0.75f);
+    fromStranger(audioMasterEndEdit, 7);
+    EXPECT_EQ(fromStranger(audioMasterVendorSpecific, kHostExtensionOpcode, &change), 1);
+    fromStranger(audioMasterVendorSpecific, 5);
 
     auto calls = unattributedHostCalls();
     ASSERT_EQ(calls.size(), 5u);
