@@ -1,0 +1,32 @@
+#include "bridge/float_processing.h"
+
+#include <algorithm>
+
+namespace bridge {
+
+void FloatProcessing::reserve(int32_t frames) {
+    if (frames <= capacity_) return;
+    storage_.assign(static_cast<size_t>(frames) * 2 * kChannels, 0.0);
+    for (int32_t c = 0; c < kChannels; ++c) {
+        inputs_[c] = storage_.data() + static_cast<size_t>(c) * frames;
+        outputs_[c] = storage_.data() + static_cast<size_t>(kChannels + c) * frames;
+    }
+    capacity_ = frames;
+}
+
+void FloatProcessing::process(AEffect* core, float** inputs, float** outputs, int32_t frames) {
+    for (int32_t offset = 0; offset < frames; offset += capacity_)
+        processChunk(core, inputs, outputs, offset, std::min(capacity_, frames - offset));
+}
+
+void FloatProcessing::processChunk(AEffect* core, float** inputs, float** outputs,
+                                   int32_t offset, int32_t frames) {
+    for (int32_t c = 0; c < kChannels; ++c)
+        for (int32_t i = 0; i < frames; ++i) inputs_[c][i] = inputs[c][offset + i];
+    core->processDoubleReplacing(core, inputs_, outputs_, frames);
+    for (int32_t c = 0; c < kChannels; ++c)
+        for (int32_t i = 0; i < frames; ++i)
+            outputs[c][offset + i] = static_cast<float>(outputs_[c][i]);
+}
+
+}  // namespace bridge
