@@ -1,0 +1,95 @@
+#include "bridge/bridge_dispatcher.h"
+
+#include <cstdint>
+
+#include "bridge/bridge_effect.h"
+#include "bridge/layer_lock.h"
+
+namespace bridge {
+namespace {
+
+// Requests whose work in the core can reach the windowing layer: effClose
+// destroys an open editor, vendor requests that add bands insert their tabs.
+bool reachesWindowingLayer(int32_t opcode) {
+    return opcode == effClose || opcode == effVendorSpecific;
+}
+
+// Requests after which the core may have a different number of bands.
+bool mayChangeBandCount(int32_t opcode) {
+    return opcode == effSetChunk || opcode == effVendorSpecific;
+}
+
+ERect rectOf(EditorSize size) {
+    return ERect{0, 0, static_cast<int16_t>(size.height), static_cast<int16_t>(size.width)};
+}
+
+intptr_t getEditorRect(BridgeEffect& effect, void* ptr) {
+    if (!effect.editorAvailable || !ptr) return 0;
+    effect.editorRect = rectOf(effect.editorSize);
+    *static_cast<ERect**>(ptr) = &effect.editorRect;
+    return 1;
+}
+
+intptr_t openEditor(BridgeEffect& effect, void* ptr) {
+    if (!effect.editorAvailable || !ptr) return 0;
+    LayerGuard guard(layerLock());
+    effect.editor.reset();
+    effect.editor = BridgeEditor::open(effect.core, reinterpret_cast<unsigned long>(ptr),
+                                       effect.editorSize);
+    return effect.editor ? 1 : 0;
+}
+
+void idleEditor(BridgeEffect& effect) {
+    LayerGuard guard(layerLock());
+    if (!effect.editor) return;
+    bool resized = effect.editor->idle();
+    followParameterCount(effect);
+    if (!resized) return;
+    effect.editorSize = effect.editor->size();
+    callRealHost(effect, audioMasterSizeWindow, effect.editorSize.width, effect.editorSize.height);
+}
+
+void closeEditor(BridgeEffect& effect) {
+    LayerGuard guard(layerLock());
+    effect.editor.reset();
+}
+
+// Switching on, the host's block size is known even to hosts that never
+// send effSetBlockSize.
+void reserveHostBlockSize(BridgeEffect& effect) {
+    intptr_t frames = callRealHost(effect, audioMasterGetBlockSize);
+    if (frames > 0 && frames <= INT32_MAX) effect.floatPath.reserve(static_cast<int32_t>(frames));
+}
+
+intptr_t passToCore(BridgeEffect& effect, int32_t opcode, int32_t index, intptr_t value, void* ptr,
+                    float opt) {
+    AEffect* core = effect.core;
+    if (!reachesWindowingLayer(opcode)) return core->dispatcher(core, opcode, index, value, ptr, opt);
+    LayerGuard guard(layerLock());
+    return core->dispatcher(core, opcode, index, value, ptr, opt);
+}
+
+}  // namespace
+
+intptr_t bridgeDispatcher(AEffect* outer, int32_t opcode, int32_t index, intptr_t value, void* ptr,
+                          float opt) {
+    BridgeEffect* effect = outer ? bridgeOf(outer) : nullptr;
+    if (!effect) return 0;
+    switch (opcode) {
+        case effClose: destroyBridgeEffect(effect); return 0;
+        case effEditGetRect: return getEditorRect(*effect, ptr);
+        case effEditOpen: return openEditor(*effect, ptr);
+        case effEditIdle: idleEditor(*effect); return 0;
+        case effEditClose: closeEditor(*effect); return 0;
+        case effSetBlockSize: effect->floatPath.reserve(static_cast<int32_t>(value)); break;
+        case effMainsChanged:
+            if (value) reserveHostBlockSize(*effect);
+            break;
+        default: break;
+    }
+    intptr_t answer = passToCore(*effect, opcode, index, value, ptr, opt);
+    if (mayChangeBandCount(opcode)) followParameterCount(*effect);
+    return answer;
+}
+
+}  // namespace bridge
