@@ -8,15 +8,25 @@
 namespace bridge {
 namespace {
 
-// Requests whose work in the core can reach the windowing layer: effClose
-// destroys an open editor, vendor requests that add bands insert their tabs.
-bool reachesWindowingLayer(int32_t opcode) {
-    return opcode == effClose || opcode == effVendorSpecific;
-}
-
-// Requests after which the core may have a different number of bands.
-bool mayChangeBandCount(int32_t opcode) {
-    return opcode == effSetChunk || opcode == effVendorSpecific;
+// Requests that run under the layer lock. The core expects one UI thread:
+// its editor, its vendor requests and its parameter texts share the band
+// list and the windowing layer without a lock, while hosts send these from a
+// GUI thread and drive the editor from another (effClose takes the lock
+// too, see destroyBridgeEffect). Vendor requests that add bands insert their
+// tabs; effSetChunk
+// replaces the bands the editor draws; the texts, chunk and automation
+// queries walk the band list. None of them comes from the audio thread.
+bool sharesTheEditorsThread(int32_t opcode) {
+    switch (opcode) {
+        case effGetParamLabel:
+        case effGetParamDisplay:
+        case effGetParamName:
+        case effGetChunk:
+        case effSetChunk:
+        case effCanBeAutomated:
+        case effVendorSpecific: return true;
+        default: return false;
+    }
 }
 
 ERect rectOf(EditorSize size) {
@@ -64,9 +74,11 @@ void reserveHostBlockSize(BridgeEffect& effect) {
 intptr_t passToCore(BridgeEffect& effect, int32_t opcode, int32_t index, intptr_t value, void* ptr,
                     float opt) {
     AEffect* core = effect.core;
-    if (!reachesWindowingLayer(opcode)) return core->dispatcher(core, opcode, index, value, ptr, opt);
+    if (!sharesTheEditorsThread(opcode)) return core->dispatcher(core, opcode, index, value, ptr, opt);
     LayerGuard guard(layerLock());
-    return core->dispatcher(core, opcode, index, value, ptr, opt);
+    intptr_t answer = core->dispatcher(core, opcode, index, value, ptr, opt);
+    followParameterCount(effect);
+    return answer;
 }
 
 }  // namespace
@@ -87,9 +99,7 @@ intptr_t bridgeDispatcher(AEffect* outer, int32_t opcode, int32_t index, intptr_
             break;
         default: break;
     }
-    intptr_t answer = passToCore(*effect, opcode, index, value, ptr, opt);
-    if (mayChangeBandCount(opcode)) followParameterCount(*effect);
-    return answer;
+    return passToCore(*effect, opcode, index, value, ptr, opt);
 }
 
 }  // namespace bridge

@@ -2,8 +2,8 @@
 // effClose ends the instance; effSetBlockSize and effMainsChanged also size
 // the 32-bit conversion buffers; every other request goes to the core's
 // dispatcher unchanged (parameters, texts, chunks, programs, vendor requests,
-// canDo). After a request that can change the band count the parameter count
-// is brought in step.
+// canDo). After each request that runs under the layer lock the parameter
+// count is brought in step.
 #pragma once
 
 #include "contracts/vst2.h"

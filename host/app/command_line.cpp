@@ -6,6 +6,7 @@
 #include <functional>
 #include <limits>
 
+#include "host/app/plugin_location.h"
 #include "host/app/program_error.h"
 
 namespace {
@@ -94,7 +95,7 @@ ParameterSetting parseParameterSetting(const std::string& text) {
 
 CommandLine parseCommandLine(int argc, char** argv) {
     CommandLine line;
-    line.pluginPath = OMBRO_PLUGIN_PATH;
+    line.pluginPath = defaultPluginPath();
     for (int i = 1; i < argc; ++i) {
         std::string argument = argv[i];
         if (argument.size() > 2 && argument.compare(0, 2, "--") == 0) {

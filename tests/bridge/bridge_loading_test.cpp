@@ -1,0 +1,135 @@
+// Loading as hosts do it: several instances, two installed copies of the
+// bridge in one process, unloading and loading again, and no connection to
+// an X server unless an editor opens.
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "tests/bridge/bridge_fixture.h"
+#include "tests/bridge/install_folder.h"
+
+namespace {
+
+// A parameter set on one instance shows only there, and each instance
+// equalizes a block.
+void expectIndependentWorkingInstances(HostedEffect& first, HostedEffect& second) {
+    first.setParameter(1, 0.75f);
+    second.setParameter(1, 0.125f);
+    EXPECT_FLOAT_EQ(first.parameter(1), 0.75f);
+    EXPECT_FLOAT_EQ(second.parameter(1), 0.125f);
+    for (HostedEffect* hosted : {&first, &second}) {
+        std::vector<float> left(512, 0.5f), right(512, 0.5f);
+        float* channels[2] = {left.data(), right.data()};
+        hosted->effect()->processReplacing(hosted->effect(), channels, channels, 512);
+        EXPECT_NE(left[511], 0.5f);
+    }
+}
+
+TEST(BridgeLoading, InstancesOfOneBridgeAreIndependent) {
+    auto first = HostedEffect::open(builtBridge());
+    auto second = HostedEffect::open(builtBridge());
+    ASSERT_TRUE(first && second);
+    EXPECT_NE(first->effect(), second->effect());
+    expectIndependentWorkingInstances(*first, *second);
+}
+
+TEST(BridgeLoading, TwoInstalledCopiesServeInstancesTogether) {
+    CopiedInstallFolder userFolder, systemFolder;
+    LoadedPlugin userBridge(userFolder.bridgePath());
+    LoadedPlugin systemBridge(systemFolder.bridgePath());
+    ASSERT_NE(userBridge.handle(), systemBridge.handle()) << "two distinct objects";
+    auto fromUser = HostedEffect::open(userBridge);
+    auto fromSystem = HostedEffect::open(systemBridge);
+    ASSERT_TRUE(fromUser && fromSystem);
+    EXPECT_EQ(fromSystem->effect()->numParams, kDefaultParameterCount);
+    expectIndependentWorkingInstances(*fromUser, *fromSystem);
+    ERect* rect = nullptr;
+    EXPECT_EQ(fromSystem->dispatch(effEditGetRect, 0, 0, &rect), 1) << "the editor stays offered";
+}
+
+TEST(BridgeLoading, WorksAfterUnloadAndReload) {
+    CopiedInstallFolder folder;
+    std::vector<uint8_t> chunk;
+    {
+        LoadedPlugin bridge(folder.bridgePath());
+        auto hosted = HostedEffect::open(bridge);
+        ASSERT_NE(hosted, nullptr);
+        hosted->setParameter(4, 0.5f);
+        chunk = hosted->chunk();
+    }
+    LoadedPlugin reloaded(folder.bridgePath());
+    auto hosted = HostedEffect::open(reloaded);
+    ASSERT_NE(hosted, nullptr);
+    hosted->setChunk(chunk);
+    EXPECT_EQ(hosted->chunk(), chunk);
+    EXPECT_FLOAT_EQ(hosted->parameter(4), 0.5f);
+}
+
+// A listening socket where an X server of display `number` would be; it
+// counts the clients that connected.
+class FakeXServer {
+public:
+    explicit FakeXServer(int number) : path_("/tmp/.X11-unix/X" + std::to_string(number)) {
+        std::filesystem::create_directories("/tmp/.X11-unix");
+        if (std::filesystem::exists(path_)) return;  // a real server: not ours to use
+        socket_ = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path_.copy(address.sun_path, sizeof address.sun_path - 1);
+        if (bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
+            listen(socket_, 4) != 0) {
+            close(socket_);
+            socket_ = -1;
+        }
+    }
+    ~FakeXServer() {
+        if (socket_ < 0) return;
+        close(socket_);
+        unlink(path_.c_str());
+    }
+    bool listening() const { return socket_ >= 0; }
+    int connectedClients() const {
+        int count = 0;
+        for (int client; (client = accept(socket_, nullptr, nullptr)) >= 0; ++count) close(client);
+        return count;
+    }
+
+private:
+    std::string path_;
+    int socket_ = -1;
+};
+
+TEST(BridgeLoading, ScanAndProcessingMakeNoXConnection) {
+    constexpr int kDisplayNumber = 87;
+    FakeXServer server(kDisplayNumber);
+    if (!server.listening()) GTEST_SKIP() << "display :87 is taken";
+    setenv("DISPLAY", ":87", 1);
+    CopiedInstallFolder folder;
+    {
+        LoadedPlugin bridge(folder.bridgePath());
+        auto hosted = HostedEffect::open(bridge);
+        ASSERT_NE(hosted, nullptr);
+        ERect* rect = nullptr;
+        hosted->dispatch(effEditGetRect, 0, 0, &rect);
+        hosted->dispatch(effEditIdle);
+        expectIndependentWorkingInstances(*hosted, *HostedEffect::open(bridge));
+    }
+    EXPECT_EQ(server.connectedClients(), 0);
+    unsetenv("DISPLAY");
+    LoadedPlugin bridge(folder.bridgePath());
+    auto hosted = HostedEffect::open(bridge);
+    ASSERT_NE(hosted, nullptr);
+    EXPECT_EQ(hosted->dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(0x200001)), 0)
+        << "no display: no editor, and nothing breaks";
+    hosted->dispatch(effEditIdle);
+    hosted->dispatch(effEditClose);
+}
+
+}  // namespace
