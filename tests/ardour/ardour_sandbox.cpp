@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 
 #include <gtest/gtest.h>
 
@@ -20,6 +21,41 @@ void backdate(const std::string& folder) {
     for (const auto& entry : std::filesystem::directory_iterator(folder))
         utime(entry.path().c_str(), &times);
 }
+
+bool writeText(const std::string& path, const std::string& text) {
+    std::ofstream file(path, std::ios::trunc);
+    file << text;
+    return static_cast<bool>(file);
+}
+
+// The engine state the audio set-up dialog would have saved for the dummy
+// backend; with it and autostart Ardour starts the engine without asking.
+constexpr char kDummyEngineConfig[] = R"xml(<?xml version="1.0" encoding="UTF-8"?>
+<Ardour version="7.3.0">
+  <Config>
+    <Option name="hide-dummy-backend" value="0"/>
+    <Option name="try-autostart-engine" value="1"/>
+  </Config>
+  <Extra>
+    <AudioMIDISetup>
+      <EngineStates>
+        <State backend="None (Dummy)" driver="" device="Silence" input-device="" output-device=""
+               sample-rate="48000" buffer-size="1024" n-periods="2" input-latency="0"
+               output-latency="0" lm-input="0" lm-output="0" active="1" use-buffered-io="0"
+               midi-option="" lru="1">
+          <MIDIDevices/>
+        </State>
+      </EngineStates>
+    </AudioMIDISetup>
+  </Extra>
+</Ardour>
+)xml";
+
+constexpr char kNoMemoryWarning[] = R"xml(<?xml version="1.0" encoding="UTF-8"?>
+<instant>
+  <no-memory-warning/>
+</instant>
+)xml";
 
 }  // namespace
 
@@ -81,4 +117,21 @@ ChildResult ArdourSandbox::exportSession(const std::string& sessionFolder,
     return runChild({OMBRO_ARDOUR_EXPORT, "--bitdepth", "float", "--output", wavPath,
                      sessionFolder, snapshot},
                     environment_, 60);
+}
+
+bool ArdourSandbox::answerFirstRunQuestions() const {
+    std::string config = environment_.at("XDG_CONFIG_HOME") + "/ardour7";
+    std::filesystem::create_directories(config);
+    // Ardour shows its welcome pages until this marker exists.
+    return writeText(config + "/.a7", "") && writeText(config + "/config", kDummyEngineConfig) &&
+           writeText(config + "/instant.xml", kNoMemoryWarning);
+}
+
+std::unique_ptr<BackgroundChild> ArdourSandbox::startGui(const std::string& sessionFolder,
+                                                         const std::string& logPath) const {
+    if (!answerFirstRunQuestions()) return nullptr;
+    return std::make_unique<BackgroundChild>(
+        std::vector<std::string>{OMBRO_ARDOUR_GUI, "--no-splash", "--no-announcements",
+                                sessionFolder},
+                               environment_, logPath);
 }

@@ -4,6 +4,7 @@
 // once, and the command-line tools run against it with time limits.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -30,11 +31,17 @@ public:
     // ardour7-export: the session range as a 32-bit float WAV, not normalized.
     ChildResult exportSession(const std::string& sessionFolder, const std::string& snapshot,
                               const std::string& wavPath) const;
+    // Ardour's GUI started on a session: its first-run questions answered
+    // beforehand (welcome pages, memory warning, audio set-up: the dummy
+    // backend at 48 kHz), output to `logPath`.
+    std::unique_ptr<BackgroundChild> startGui(const std::string& sessionFolder,
+                                              const std::string& logPath) const;
     const EnvironmentChanges& environment() const { return environment_; }
 
 private:
     bool installPlugin();
     bool scanPlugin();
+    bool answerFirstRunQuestions() const;
 
     std::string root_;
     std::string pluginFolder_;

@@ -52,7 +52,7 @@ double largestFloatSteps(const std::vector<double>& rendered, const std::vector<
 
 }  // namespace
 
-class EqualizedExportTest : public ArdourSessionTest {
+class ArdourExportTest : public ArdourSessionTest {
 protected:
     // The session "equalized" with the input on its track and Ombro holding
     // `chunk`, rendered by ardour7-export.
@@ -82,7 +82,7 @@ protected:
     }
 };
 
-TEST_F(EqualizedExportTest, ArdourRenderMatchesBandGainsAndStandInHostSamples) {
+TEST_F(ArdourExportTest, EqualizedFileMatchesBandGainsAndStandInHostSamples) {
     StereoSignal input = testSignal(kSampleRate, kAddedBandsState);
     std::string inputPath = sandbox->path("input.wav");
     ASSERT_TRUE(writeFloatWav(inputPath, input));

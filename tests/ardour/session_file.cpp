@@ -119,3 +119,20 @@ bool SessionFile::replacePluginChunk(const std::vector<unsigned char>& chunk) {
                                "");
     return true;
 }
+
+// Ardour's GUI keeps its windows in the session's <Extra><UI> node; a plug-in's
+// window is named after the ids of its route and of its processor.
+bool SessionFile::markPluginWindowOpen(const std::string& track, int x, int y) {
+    std::smatch route, processor;
+    if (!std::regex_search(text_, route, std::regex("<Route [^>]*id=\"(\\d+)\" name=\"" + track + "\"")))
+        return false;
+    std::string rest = text_.substr(static_cast<size_t>(route.position(0)));
+    if (!std::regex_search(rest, processor,
+                           std::regex("<Processor id=\"(\\d+)\"[^>]*type=\"lxvst\"")))
+        return false;
+    std::string window = "<Window name=\"P-" + route.str(1) + "-" + processor.str(1) +
+                         "\" visible=\"1\" x-off=\"" + std::to_string(x) + "\" y-off=\"" +
+                         std::to_string(y) + "\" custom-ui=\"1\"/>";
+    return replaceOnce("</Session>", "  <Extra>\n    <UI>\n      " + window +
+                                         "\n    </UI>\n  </Extra>\n</Session>");
+}

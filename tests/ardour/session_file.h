@@ -1,6 +1,6 @@
 // Edits of a saved Ardour 7 session file that Ardour's Lua cannot make
-// without its GUI: an audio file placed on a track, and the chunk of the
-// track's plug-in read or replaced.
+// without its GUI: an audio file placed on a track, the chunk of the track's
+// plug-in read or replaced, and the plug-in's editor window marked open.
 #pragma once
 
 #include <cstdint>
@@ -25,6 +25,10 @@ public:
     // Stores another chunk for the plug-in and drops the parameter values
     // Ardour keeps beside it, so that the chunk alone decides the state.
     bool replacePluginChunk(const std::vector<unsigned char>& chunk);
+
+    // Marks the editor window of the track's plug-in as open, at this place
+    // on the screen, so that Ardour's GUI opens it with the session.
+    bool markPluginWindowOpen(const std::string& track, int x, int y);
 
 private:
     std::string audioFolder() const;
