@@ -144,8 +144,9 @@ TEST_F(ArdourGuiTest, BandAddedInTheEditorIsSavedWithTheSession) {
     Window main = findWindowNamed(display, {"editor - Ardour"});
     ASSERT_NE(main, 0u);
 
-    clickAt(display, area.x + kAddBandX, area.y + kAddBandY);
     // Ardour marks its title with "*" once the plug-in told it of the change.
+    ASSERT_EQ(windowName(display, main).rfind('*', 0), std::string::npos);
+    clickAt(display, area.x + kAddBandX, area.y + kAddBandY);
     EXPECT_TRUE(waitFor(10, [&] { return windowName(display, main).rfind('*', 0) == 0; }))
         << windowName(display, main);
     pressSaveKeys(display, main);
