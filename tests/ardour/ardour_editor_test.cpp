@@ -98,6 +98,7 @@ protected:
         ASSERT_TRUE(ardour && ardour->started());
         display = XOpenDisplay(testDisplayName().c_str());
         ASSERT_NE(display, nullptr);
+        ignoreXErrors();
         Window pluginWindow = 0;
         ASSERT_TRUE(waitFor(90, [&] {
             pluginWindow = findWindowNamed(display, {"Ombro", "[VST]"});
@@ -106,7 +107,7 @@ protected:
         ASSERT_NE(pluginWindow, 0u) << "Ardour opened no plug-in window; see " << logPath;
         editorShown = waitFor(20, [&] {
             editor = innermostViewable(display, pluginWindow, kSmallestEditorSide);
-            editorPixels = editor ? screenPixels(display, screenArea(display, editor)) : editorPixels;
+            if (editor) editorPixels = screenPixels(display, screenArea(display, editor));
             return showsEditor(editorPixels);
         });
     }

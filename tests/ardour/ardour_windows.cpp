@@ -34,7 +34,11 @@ bool viewableAndAtLeast(Display* display, Window window, int minimum) {
            attributes.height >= minimum;
 }
 
+int ignoreError(Display*, XErrorEvent*) { return 0; }
+
 }  // namespace
+
+void ignoreXErrors() { XSetErrorHandler(ignoreError); }
 
 Window findWindowNamed(Display* display, const std::vector<std::string>& parts) {
     std::vector<Window> pending = {DefaultRootWindow(display)};

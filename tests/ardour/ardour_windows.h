@@ -13,6 +13,10 @@ struct ScreenArea {
     int x = 0, y = 0, width = 0, height = 0;
 };
 
+// Ardour creates and destroys windows while the test walks the window tree:
+// a window gone between two requests is no failure of the test, so X errors
+// are ignored (Xlib's default handler would end the process).
+void ignoreXErrors();
 // The first window in the tree under the root whose name contains every one
 // of `parts`, or 0.
 Window findWindowNamed(Display* display, const std::vector<std::string>& parts);

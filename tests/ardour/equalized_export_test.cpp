@@ -34,13 +34,15 @@ StereoSignal testSignal(int sampleRate, const std::vector<BandSetting>& bands) {
 
 bool writeBytes(const std::string& path, const std::vector<unsigned char>& bytes) {
     std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    file.write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
     return static_cast<bool>(file);
 }
 
 // Largest distance between a float32 rendering and a float64 one, in units
 // of the float32 spacing at the reference value.
-double largestFloatSteps(const std::vector<double>& rendered, const std::vector<double>& reference) {
+double largestFloatSteps(const std::vector<double>& rendered,
+                         const std::vector<double>& reference) {
     double largest = 0.0;
     for (size_t i = 0; i < reference.size(); ++i) {
         float nearest = static_cast<float>(reference[i]);

@@ -96,7 +96,8 @@ bool SessionFile::placeAudio(const std::string& wavPath, int64_t frames,
                           "\n  </Regions>";
     std::string range = "<Locations>\n    <Location id=\"" + std::to_string(kSessionRangeId) +
                         "\" name=\"session\" start=\"0\" end=\"" + std::to_string(frames) +
-                        "\" flags=\"IsSessionRange\" locked=\"0\" timestamp=\"0\"/>\n  </Locations>";
+                        "\" flags=\"IsSessionRange\" locked=\"0\" timestamp=\"0\"/>\n"
+                        "  </Locations>";
     return replaceOnce("<Sources/>", sources) && replaceOnce("<Regions/>", regions) &&
            replaceOnce("<Locations/>", range) &&
            addRegionToPlaylist(track, regionElement(kPlacedRegionId, false, frames));
@@ -124,8 +125,8 @@ bool SessionFile::replacePluginChunk(const std::vector<unsigned char>& chunk) {
 // window is named after the ids of its route and of its processor.
 bool SessionFile::markPluginWindowOpen(const std::string& track, int x, int y) {
     std::smatch route, processor;
-    if (!std::regex_search(text_, route, std::regex("<Route [^>]*id=\"(\\d+)\" name=\"" + track + "\"")))
-        return false;
+    std::regex routeElement("<Route [^>]*id=\"(\\d+)\" name=\"" + track + "\"");
+    if (!std::regex_search(text_, route, routeElement)) return false;
     std::string rest = text_.substr(static_cast<size_t>(route.position(0)));
     if (!std::regex_search(rest, processor,
                            std::regex("<Processor id=\"(\\d+)\"[^>]*type=\"lxvst\"")))
