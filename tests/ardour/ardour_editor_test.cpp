@@ -105,7 +105,7 @@ protected:
             return pluginWindow != 0 || !ardour->running();
         }));
         ASSERT_NE(pluginWindow, 0u) << "Ardour opened no plug-in window; see " << logPath;
-        editorShown = waitFor(20, [&] {
+        editorShown = waitFor(30, [&] {
             editor = innermostViewable(display, pluginWindow, kSmallestEditorSide);
             if (editor) editorPixels = screenPixels(display, screenArea(display, editor));
             return showsEditor(editorPixels);
@@ -148,10 +148,10 @@ TEST_F(ArdourGuiTest, BandAddedInTheEditorIsSavedWithTheSession) {
     // Ardour marks its title with "*" once the plug-in told it of the change.
     ASSERT_EQ(windowName(display, main).rfind('*', 0), std::string::npos);
     clickAt(display, area.x + kAddBandX, area.y + kAddBandY);
-    EXPECT_TRUE(waitFor(10, [&] { return windowName(display, main).rfind('*', 0) == 0; }))
+    EXPECT_TRUE(waitFor(20, [&] { return windowName(display, main).rfind('*', 0) == 0; }))
         << windowName(display, main);
     pressSaveKeys(display, main);
-    EXPECT_TRUE(waitFor(10, [&] {
+    EXPECT_TRUE(waitFor(20, [&] {
         return chunkBandCount(SessionFile(sessionFolder("editor"), "editor").pluginChunk()) == 5;
     })) << "the saved session does not hold the fifth band";
     saveScreen("ardour_editor_added_band.png");
