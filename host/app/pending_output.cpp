@@ -1,0 +1,63 @@
+#include "host/app/pending_output.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+#include "host/app/program_error.h"
+
+namespace {
+
+CommandFailure writeFailure(const std::string& path) {
+    return CommandFailure("cannot write " + path + ": " + std::strerror(errno));
+}
+
+// The permissions a newly created file gets, as if made with open(2).
+mode_t newFileMode() {
+    mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+}  // namespace
+
+PendingOutput::PendingOutput(const std::string& finalPath) : finalPath_(finalPath) {
+    std::filesystem::path target(finalPath);
+    std::error_code error;
+    if (finalPath.empty() || std::filesystem::is_directory(target, error)) {
+        errno = EISDIR;
+        throw writeFailure(finalPath);
+    }
+    std::filesystem::path folder = target.parent_path();
+    std::string pattern = (folder.empty() ? std::string() : folder.string() + "/") + "." +
+                          target.filename().string() + ".partial-XXXXXX";
+    std::vector<char> name(pattern.begin(), pattern.end());
+    name.push_back('\0');
+    int descriptor = mkstemp(name.data());
+    if (descriptor < 0) throw writeFailure(finalPath);
+    fchmod(descriptor, newFileMode());
+    close(descriptor);
+    temporaryPath_ = name.data();
+}
+
+PendingOutput::~PendingOutput() {
+    if (!committed_) std::remove(temporaryPath_.c_str());
+}
+
+void PendingOutput::commit() {
+    if (std::rename(temporaryPath_.c_str(), finalPath_.c_str()) != 0) throw writeFailure(finalPath_);
+    committed_ = true;
+}
+
+void requireDistinctFiles(const std::string& inputPath, const std::string& outputPath) {
+    std::error_code error;
+    if (inputPath == outputPath || std::filesystem::equivalent(inputPath, outputPath, error))
+        throw UsageError("the output file must differ from the input file");
+}
