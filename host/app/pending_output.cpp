@@ -28,13 +28,17 @@ mode_t newFileMode() {
 
 }  // namespace
 
-PendingOutput::PendingOutput(const std::string& finalPath) : finalPath_(finalPath) {
-    std::filesystem::path target(finalPath);
+void requireFileName(const std::string& path) {
     std::error_code error;
-    if (finalPath.empty() || std::filesystem::is_directory(target, error)) {
+    if (path.empty() || std::filesystem::is_directory(path, error)) {
         errno = EISDIR;
-        throw writeFailure(finalPath);
+        throw writeFailure(path);
     }
+}
+
+PendingOutput::PendingOutput(const std::string& finalPath) : finalPath_(finalPath) {
+    requireFileName(finalPath);
+    std::filesystem::path target(finalPath);
     std::filesystem::path folder = target.parent_path();
     std::string pattern = (folder.empty() ? std::string() : folder.string() + "/") + "." +
                           target.filename().string() + ".partial-XXXXXX";

@@ -24,5 +24,8 @@ private:
     bool committed_ = false;
 };
 
+// Throws CommandFailure when `path` names a folder (or nothing at all).
+void requireFileName(const std::string& path);
+
 // Throws UsageError when both names lead to the same file (also through links).
 void requireDistinctFiles(const std::string& inputPath, const std::string& outputPath);

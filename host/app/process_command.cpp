@@ -12,9 +12,7 @@
 
 namespace {
 
-SoundFormat outputFormat(const CommandLine& line, const SoundReader& reader,
-                         const std::string& outputPath) {
-    int container = containerForPath(outputPath);
+SoundFormat outputFormat(const CommandLine& line, const SoundReader& reader, int container) {
     int subtype = chooseSubtype(container, reader.format() & SF_FORMAT_SUBMASK, line.sampleFormat);
     return {container | subtype, reader.channels(), reader.sampleRate()};
 }
@@ -34,8 +32,11 @@ int runProcess(const CommandLine& line) {
     const std::string& inputPath = line.operands[0];
     const std::string& outputPath = line.operands[1];
     requireDistinctFiles(inputPath, outputPath);
+    requireFileName(outputPath);
+    int container = containerForPath(outputPath);
+    if (line.sampleFormat) chooseSubtype(container, *line.sampleFormat, line.sampleFormat);
     SoundReader reader(inputPath);
-    SoundFormat format = outputFormat(line, reader, outputPath);
+    SoundFormat format = outputFormat(line, reader, container);
     RunningEffect effect = startEffect(line, reader.sampleRate());
     applyStateAndSettings(*effect.session, line);
     PendingOutput output(outputPath);

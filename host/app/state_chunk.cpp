@@ -42,8 +42,9 @@ private:
 
 template <typename T>
 void append(std::vector<uint8_t>& chunk, T value) {
-    const uint8_t* bytes = reinterpret_cast<const uint8_t*>(&value);
-    chunk.insert(chunk.end(), bytes, bytes + sizeof(T));
+    size_t at = chunk.size();
+    chunk.resize(at + sizeof(T));
+    std::memcpy(chunk.data() + at, &value, sizeof(T));
 }
 
 ChunkBand readBand(ChunkReader& reader, int32_t recordSize) {
@@ -72,7 +73,7 @@ void readTrailer(ChunkReader& reader, EffectState& state) {
     if (left != 4 && left != 8 && left != 12 && left != 16 && left != 20 &&
         left != kFullTrailerSize)
         throw CommandFailure("the state ends in " + std::to_string(left) +
-                             " bytes that are no known layout");
+                             " bytes that match no known layout");
     state.showGrid = reader.take<int32_t>();
     if (left >= 8) state.showTabs = reader.take<int32_t>();
     if (left >= 16) state.outputGain = reader.takeFinite("output gain");
