@@ -21,6 +21,7 @@ constexpr SampleFormat kSampleFormats[] = {
     {"double", SF_FORMAT_DOUBLE, "64-bit float", 0},
     {nullptr, SF_FORMAT_PCM_S8, "8-bit PCM", 8},
     {nullptr, SF_FORMAT_PCM_U8, "8-bit PCM", 8},
+    {nullptr, SF_FORMAT_VORBIS, "Vorbis", 0},
 };
 
 const SampleFormat* findSubtype(int subtype) {
