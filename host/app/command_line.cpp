@@ -136,7 +136,7 @@ const char* usageText() {
            "  save-state FILE          write the effect's state to FILE\n"
            "  load-state FILE          load a state from FILE and show its bands\n"
            "  info                     show the effect's identity, bands and parameters\n"
-           "  render-editor OUT.png    open the editor, play audio through it, save a picture\n"
+           "  render-editor OUT.png    play audio with the editor open and save a picture\n"
            "  demo                     equalize a test signal and leave the files in --out\n"
            "\n"
            "bands and gain (process, save-state, render-editor, response, info):\n"
