@@ -1,5 +1,6 @@
 // An output file written beside its final name and renamed into place only
-// when complete, so that a failed command leaves no file created or changed.
+// when complete, so that a failed or interrupted command leaves no file
+// created or changed.
 #pragma once
 
 #include <string>

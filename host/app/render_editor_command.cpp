@@ -34,6 +34,7 @@ int64_t framesToPlay(const CommandLine& line, const SoundReader& reader) {
 
 int runRenderEditor(const CommandLine& line) {
     const std::string& path = line.operands[0];
+    if (line.playSeconds && !line.audioFile) throw UsageError("--at needs --audio FILE");
     std::optional<SoundReader> audio;
     if (line.audioFile) audio.emplace(*line.audioFile);
     useEditorClock();

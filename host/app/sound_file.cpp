@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <sstream>
 
 #include "host/app/program_error.h"
 #include "host/app/sample_format.h"
@@ -20,12 +21,10 @@ constexpr int kHighestSampleRate = 768000;
 bool isCutShort(SNDFILE* file) {
     char log[16384] = {};
     sf_command(file, SFC_GET_LOG_INFO, log, sizeof log);
-    for (const char* line = log; line && *line; line = std::strchr(line, '\n')) {
-        if (*line == '\n') ++line;
-        bool dataLine = std::strncmp(line, "data", 4) == 0 || std::strncmp(line, "SSND", 4) == 0;
-        const char* end = std::strchr(line, '\n');
-        std::string text(line, end ? static_cast<size_t>(end - line) : std::strlen(line));
-        if (dataLine && text.find("(should be") != std::string::npos) return true;
+    std::istringstream lines(log);
+    for (std::string line; std::getline(lines, line);) {
+        bool dataLine = line.rfind("data", 0) == 0 || line.rfind("SSND", 0) == 0;
+        if (dataLine && line.find("(should be") != std::string::npos) return true;
     }
     return false;
 }

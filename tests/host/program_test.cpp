@@ -155,6 +155,7 @@ TEST(ProgramSettings, UsageErrorsSayWhatIsWrongInOneLineAndPointAtHelp) {
         {{"process", "a.wav", "b.flac", "--format", "double"}, "cannot hold 64-bit float"},
         {{"process", "a.wav", "b.wav", "--format", "pcm12"}, "pcm12"},
         {{"render-editor", "x.png", "--at", "-1"}, "--at"},
+        {{"render-editor", "x.png", "--at", "2"}, "--at needs --audio"},
     };
     for (const Case& test : cases) {
         ProgramResult result = runHostProgram(test.arguments);
