@@ -45,7 +45,7 @@ int runProcess(const CommandLine& line) {
     size_t blockSize = static_cast<size_t>(effect.session->options().blockSize);
     StereoBuffer input;
     StereoBuffer equalized;
-    ProgressMeter progress(reader.frames(), reader.sampleRate());
+    ProgressMeter progress(reader.lengthKnown() ? reader.frames() : 0, reader.sampleRate());
     int64_t framesDone = 0;
     while (reader.read(input, blockSize) > 0) {
         effect.session->process(input, equalized);

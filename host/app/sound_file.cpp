@@ -23,6 +23,7 @@ bool isCutShort(SNDFILE* file) {
     sf_command(file, SFC_GET_LOG_INFO, log, sizeof log);
     std::istringstream lines(log);
     for (std::string line; std::getline(lines, line);) {
+        line.erase(0, line.find_first_not_of(' '));
         bool dataLine = line.rfind("data", 0) == 0 || line.rfind("SSND", 0) == 0;
         if (dataLine && line.find("(should be") != std::string::npos) return true;
     }
@@ -52,7 +53,7 @@ bool canHold(int container, int subtype, int channels) {
 
 }  // namespace
 
-SoundReader::SoundReader(const std::string& path) {
+SoundReader::SoundReader(const std::string& path) : path_(path) {
     if (access(path.c_str(), R_OK) != 0)
         throw CommandFailure("cannot read " + path + ": " + std::strerror(errno));
     if (std::filesystem::is_directory(path)) throw CommandFailure(path + " is a directory");
@@ -87,6 +88,10 @@ size_t SoundReader::read(StereoBuffer& block, size_t frames) {
     interleaved_.resize(frames * static_cast<size_t>(info_.channels));
     sf_count_t got = sf_readf_double(file_, interleaved_.data(), static_cast<sf_count_t>(frames));
     size_t count = got > 0 ? static_cast<size_t>(got) : 0;
+    framesRead_ += static_cast<int64_t>(count);
+    if (count == 0 && frames > 0 && lengthKnown() && framesRead_ < info_.frames)
+        throw CommandFailure(path_ + " is cut short: it ends after " + std::to_string(framesRead_) +
+                             " of its " + std::to_string(info_.frames) + " frames");
     block.resize(count);
     size_t step = static_cast<size_t>(info_.channels);
     size_t rightOffset = step - 1;  // mono: the right channel repeats the left

@@ -25,17 +25,22 @@ public:
     int sampleRate() const { return info_.samplerate; }
     int channels() const { return info_.channels; }
     int64_t frames() const { return info_.frames; }
+    // False for streams that do not tell their length (frames() is then huge).
+    bool lengthKnown() const { return info_.frames != SF_COUNT_MAX; }
     int format() const { return info_.format; }
 
     // Reads up to `frames` frames into `block` (resized to what was read);
-    // a mono file fills both channels alike.
+    // a mono file fills both channels alike. Throws CommandFailure when the
+    // file ends before the length its header gave.
     size_t read(StereoBuffer& block, size_t frames);
 
 private:
     void requireUsable(const std::string& path);
 
+    std::string path_;
     SF_INFO info_{};
     SNDFILE* file_ = nullptr;
+    int64_t framesRead_ = 0;
     std::vector<double> interleaved_;
 };
 

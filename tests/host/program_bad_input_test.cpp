@@ -91,6 +91,11 @@ fs::path makeFixtureFolder() {
     std::string tone = readWholeFile(folder / "tone.wav");
     writeBytes(folder / "cut.wav", tone.substr(0, tone.size() / 2));
     writeBytes(folder / "header-only.wav", tone.substr(0, 44));
+    for (int container : {SF_FORMAT_AIFF, SF_FORMAT_FLAC}) {
+        std::string whole = readWholeFile(writeTone("whole", 1, container | SF_FORMAT_PCM_16, 44100));
+        writeBytes(folder / (container == SF_FORMAT_AIFF ? "cut.aiff" : "cut.flac"),
+                   whole.substr(0, whole.size() / 2));
+    }
     writeBytes(folder / "text.wav", "these are not samples\n");
     writeBytes(folder / "empty.wav", "");
     writeBytes(folder / "rate0.wav", wavWithRate(0));
@@ -121,6 +126,8 @@ TEST(ProgramBadInput, FailsWithOneLineAndLeavesTheFolderUnchanged) {
         {{"process", "@/empty.wav", "@/out.wav"}, 1, "not a sound file"},
         {{"process", "@/cut.wav", "@/out.wav"}, 1, "cut short"},
         {{"process", "@/header-only.wav", "@/out.wav"}, 1, "cut short"},
+        {{"process", "@/cut.aiff", "@/out.wav"}, 1, "cut short"},
+        {{"process", "@/cut.flac", "@/out.wav"}, 1, "cut short"},
         {{"process", "@/rate0.wav", "@/out.wav"}, 1, "rate0.wav"},
         {{"process", "@/rate1M.wav", "@/out.wav"}, 1, "768000"},
         {{"process", "@/six.wav", "@/out.wav"}, 1, "6 channels"},
