@@ -61,10 +61,11 @@ SoundReader::SoundReader(const std::string& path) : path_(path) {
     if (!file_)
         throw CommandFailure(path + " is not a sound file that can be read: " +
                              sf_strerror(nullptr));
-    requireUsable(path);
+    requireUsable();
 }
 
-void SoundReader::requireUsable(const std::string& path) {
+void SoundReader::requireUsable() {
+    const std::string& path = path_;
     std::string problem;
     if (isCutShort(file_))
         problem = path + " is cut short: its header announces more samples than it holds";

@@ -35,7 +35,7 @@ public:
     size_t read(StereoBuffer& block, size_t frames);
 
 private:
-    void requireUsable(const std::string& path);
+    void requireUsable();
 
     std::string path_;
     SF_INFO info_{};
