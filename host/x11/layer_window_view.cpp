@@ -14,6 +14,7 @@
 #include "host/x11/input_feeder.h"
 #include "host/x11/pointer_shape.h"
 #include "host/x11/window_picture.h"
+#include "host/x11/x_error_trap.h"
 
 namespace x11_front {
 namespace {
@@ -111,7 +112,9 @@ LayerWindowView::State::~State() {
     pointerShape.reset();
     // Closing the connection destroys the window, unless a destroyed parent
     // took it along already.
-    if (display) XCloseDisplay(display);
+    if (!display) return;
+    XCloseDisplay(display);
+    releaseErrorsOn(display);
 }
 
 void LayerWindowView::State::followUserResize(const XConfigureEvent& configure) {
@@ -180,6 +183,7 @@ std::unique_ptr<LayerWindowView> LayerWindowView::open(HWND layerWindow,
     auto state = std::make_unique<State>();
     state->display = XOpenDisplay(nullptr);
     if (!state->display) return nullptr;
+    trapErrorsOn(state->display);
     state->layerWindow = layerWindow;
     state->topLevel = parentXWindow == 0;
     state->shownSize = layerSizeOf(layerWindow);

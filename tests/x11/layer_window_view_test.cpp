@@ -87,4 +87,17 @@ TEST_F(LayerWindowViewInFrame, ViewIsAChildOfTheFrameAndTakesClicks) {
     EXPECT_TRUE(idleUntil([&] { return kobal_layer::TabCtrl_GetCurSel(tabs) == 1; }));
 }
 
+TEST_F(LayerWindowViewInFrame, FrameDestroyedFirstEndsTheViewQuietly) {
+    XDestroyWindow(user->display(), frame);
+    XSync(user->display(), False);
+    EXPECT_TRUE(idleUntil([&] { return view->closeRequested(); }));
+    view.reset();  // the window went with its frame: nothing left to fail
+    EXPECT_TRUE(kobal_layer::liveWindow(host));
+}
+
+TEST_F(LayerWindowView, UnknownParentWindowGivesNoView) {
+    EXPECT_FALSE(x11_front::LayerWindowView::open(host, 0x7FFFFFF, "nowhere"));
+    EXPECT_FALSE(x11_front::LayerWindowView::open(nullptr, 0, "no layer window"));
+}
+
 }  // namespace

@@ -98,6 +98,12 @@ XPicture XUser::picture(Window window) const {
     return result;
 }
 
+bool XUser::isShown(Window window) const {
+    XWindowAttributes attributes{};
+    return XGetWindowAttributes(display_, window, &attributes) &&
+           attributes.map_state == IsViewable;
+}
+
 XPoint2 XUser::size(Window window) const {
     XWindowAttributes attributes{};
     XGetWindowAttributes(display_, window, &attributes);

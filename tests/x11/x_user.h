@@ -45,6 +45,8 @@ public:
     void typeText(const std::string& text);
 
     XPicture picture(Window window) const;
+    // True when the window and its parents are mapped.
+    bool isShown(Window window) const;
     // Width and height as the server has them.
     XPoint2 size(Window window) const;
     // The first top-level window whose name starts with `prefix`, or 0.
