@@ -150,13 +150,8 @@ TEST_F(EditProgram, DragInTheWindowIsWrittenBackWhenTheWindowCloses) {
     start({"edit", "--state", statePath});
     Window window = shownWindow(&layout);
     ASSERT_NE(window, 0u);
-    // The handle of band 3 (1 kHz, 0 dB) on the graph's logarithmic axis.
-    const int graphWidth = layout.graph.right - layout.graph.left;
-    const int graphHeight = layout.graph.bottom - layout.graph.top;
-    const XPoint2 handle = user->onScreen(
-        window, {layout.graph.left + static_cast<int>(std::log(980.0 / 23980.0 * 400.0 + 1.0) *
-                                                       graphWidth / 5.993961427306569),
-                 layout.graph.top + graphHeight - static_cast<int>(12.0 * graphHeight / 24.0)});
+    const POINT band3 = zeroDbPointOf(1000.0, layout.graph);  // a default band
+    const XPoint2 handle = user->onScreen(window, {band3.x, band3.y});
     user->drag(handle, {handle.x + 40, handle.y - 30});
     user->closeWindow(window);
     ProgramResult run = finish();

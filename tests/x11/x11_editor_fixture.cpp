@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <cmath>
+
 #include "host/raster/canvas.h"
 #include "host/ui/input_injection.h"
 #include "host/ui/screenshot.h"
@@ -64,6 +66,14 @@ XPicture X11EditorTest::layerPicture() const {
 
 bool X11EditorTest::windowShowsTheLayer() {
     return differingPixels(user->picture(view->xWindow()), layerPicture()) == 0;
+}
+
+POINT zeroDbPointOf(double hz, const RECT& graph) {
+    const int width = graph.right - graph.left;
+    const int height = graph.bottom - graph.top;
+    const double position = std::log((hz - 20.0) / 59.95 + 1.0) / 5.993961427306569;
+    return {graph.left + static_cast<int>(position * width),
+            graph.top + height - static_cast<int>(12.0 * height / 24.0)};
 }
 
 int differingPixels(const XPicture& a, const XPicture& b) {

@@ -43,6 +43,10 @@ protected:
     std::unique_ptr<x11_front::LayerWindowView> view;
 };
 
+// Where the graph filling `graph` puts a handle at `hz` and 0 dB: the
+// logarithmic frequency axis across, 0 dB halfway down the dB axis.
+POINT zeroDbPointOf(double hz, const RECT& graph);
+
 // Pixels that differ between two pictures of the same size (all of them
 // when the sizes differ).
 int differingPixels(const XPicture& a, const XPicture& b);

@@ -3,7 +3,6 @@
 // window shows the result.
 #include <X11/keysym.h>
 
-#include <cmath>
 #include <string>
 #include <ostream>
 #include <vector>
@@ -31,17 +30,12 @@ protected:
         if (IsSkipped() || HasFatalFailure()) return;
         graph = kobal_layer::GetDlgItem(editor, kGraph);
         ASSERT_NE(graph, nullptr);
-        RECT client{};
-        kobal_layer::GetClientRect(graph, &client);
-        graphWidth = client.right;
-        graphHeight = client.bottom;
     }
     // Where the handle of a default band at `hz` and 0 dB lies on the X screen.
     XPoint2 handleAt(double hz) const {
-        int x = static_cast<int>(std::log((hz - 20.0) / 23980.0 * 400.0 + 1.0) * graphWidth /
-                                 5.993961427306569);
-        int y = graphHeight - static_cast<int>(12.0 * graphHeight / 24.0);
-        return onScreen(graph, {x, y});
+        RECT area{};
+        kobal_layer::GetClientRect(graph, &area);
+        return onScreen(graph, zeroDbPointOf(hz, area));
     }
     HWND bandPanel() const {
         for (HWND child : kobal_layer::liveWindow(editor)->children)
@@ -60,8 +54,6 @@ protected:
     }
 
     HWND graph = nullptr;
-    int graphWidth = 0;
-    int graphHeight = 0;
 };
 
 struct DragCase {
