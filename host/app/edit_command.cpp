@@ -119,8 +119,9 @@ int runEdit(const CommandLine& line) {
     std::unique_ptr<x11_front::LayerWindowView> view =
         x11_front::LayerWindowView::open(window, 0, title);
     if (!view)
-        throw CommandFailure("cannot open the X display (is DISPLAY set to a 24- or 32-bit "
-                             "TrueColor screen?)");
+        throw CommandFailure(
+            "cannot open the X display (is DISPLAY set to a 24- or 32-bit "
+            "TrueColor screen?)");
     {
         StopSignals signals;
         LoopedPlayback playback(*effect.session, std::move(recording), sampleRate,

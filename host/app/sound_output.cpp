@@ -17,8 +17,8 @@ std::unique_ptr<SoundOutput> SoundOutput::openDefault(int sampleRate, std::strin
     snd_pcm_t* device = nullptr;
     int result = snd_pcm_open(&device, "default", SND_PCM_STREAM_PLAYBACK, 0);
     if (result == 0)
-        result = snd_pcm_set_params(device, SND_PCM_FORMAT_FLOAT, SND_PCM_ACCESS_RW_INTERLEAVED,
-                                    2, static_cast<unsigned>(sampleRate), 1, kLatencyUs);
+        result = snd_pcm_set_params(device, SND_PCM_FORMAT_FLOAT, SND_PCM_ACCESS_RW_INTERLEAVED, 2,
+                                    static_cast<unsigned>(sampleRate), 1, kLatencyUs);
     if (result < 0) {
         reason = snd_strerror(result);
         if (device) snd_pcm_close(device);

@@ -20,8 +20,8 @@ namespace x11_front {
 namespace {
 
 constexpr long kEventMask = ExposureMask | StructureNotifyMask | PointerMotionMask |
-                            ButtonPressMask | ButtonReleaseMask | KeyPressMask |
-                            KeyReleaseMask | LeaveWindowMask | FocusChangeMask;
+                            ButtonPressMask | ButtonReleaseMask | KeyPressMask | KeyReleaseMask |
+                            LeaveWindowMask | FocusChangeMask;
 
 struct Size {
     int width = 1, height = 1;
@@ -65,10 +65,10 @@ Placement createChild(Display* display, Window parent, Size size) {
 Placement createTopLevel(Display* display, Size size, const std::string& title) {
     int screen = DefaultScreen(display);
     XSetWindowAttributes attributes = plainAttributes();
-    Window window = XCreateWindow(display, RootWindow(display, screen), 0, 0,
-                                  static_cast<unsigned>(size.width),
-                                  static_cast<unsigned>(size.height), 0, CopyFromParent,
-                                  InputOutput, CopyFromParent, kAttributeMask, &attributes);
+    Window window =
+        XCreateWindow(display, RootWindow(display, screen), 0, 0, static_cast<unsigned>(size.width),
+                      static_cast<unsigned>(size.height), 0, CopyFromParent, InputOutput,
+                      CopyFromParent, kAttributeMask, &attributes);
     XStoreName(display, window, title.c_str());
     XClassHint classHint{const_cast<char*>("ombro"), const_cast<char*>("Ombro")};
     XSetClassHint(display, window, &classHint);
@@ -129,9 +129,12 @@ void LayerWindowView::State::handle(XEvent& event) {
     switch (event.type) {
         case Expose: exposed = true; break;
         case ConfigureNotify: followUserResize(event.xconfigure); break;
-        case DestroyNotify: windowGone = event.xdestroywindow.window == window || windowGone; break;
+        case DestroyNotify:
+            if (event.xdestroywindow.window == window) windowGone = true;
+            break;
         case ClientMessage:
-            if (static_cast<Atom>(event.xclient.data.l[0]) == deleteWindow) closeAsked = true;
+            if (deleteWindow != None && static_cast<Atom>(event.xclient.data.l[0]) == deleteWindow)
+                closeAsked = true;
             break;
         case ButtonPress:
             XSetInputFocus(display, window, RevertToParent, event.xbutton.time);

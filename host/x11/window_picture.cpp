@@ -24,8 +24,7 @@ bool hostIsLittleEndian() {
 
 }  // namespace
 
-std::unique_ptr<WindowPicture> WindowPicture::create(Display* display, Visual* visual,
-                                                     int depth) {
+std::unique_ptr<WindowPicture> WindowPicture::create(Display* display, Visual* visual, int depth) {
     if (visual->c_class != TrueColor) return nullptr;
     if (shiftOfByteMask(visual->red_mask) < 0 || shiftOfByteMask(visual->green_mask) < 0 ||
         shiftOfByteMask(visual->blue_mask) < 0)
@@ -81,7 +80,8 @@ WindowPicture::Rect WindowPicture::takeRows(const Canvas& canvas) {
     Rect changed{width_, height_, 0, 0};
     std::vector<uint32_t> row(static_cast<size_t>(width_));
     for (int y = 0; y < height_; ++y) {
-        const auto* source = reinterpret_cast<const uint32_t*>(data + static_cast<size_t>(y) * stride);
+        const auto* source =
+            reinterpret_cast<const uint32_t*>(data + static_cast<size_t>(y) * stride);
         if (sameLayout_)
             for (int x = 0; x < width_; ++x) row[x] = source[x] & 0xFFFFFF;
         else

@@ -1,10 +1,10 @@
 // Telling double clicks from single ones by time and place, as Win32 does.
+#include "host/x11/double_click.h"
+
 #include <gtest/gtest.h>
 
 #include <ostream>
 #include <vector>
-
-#include "host/x11/double_click.h"
 
 namespace {
 
@@ -46,8 +46,8 @@ INSTANTIATE_TEST_SUITE_P(
         PressCase{"slowPressBeginsANewPair",
                   {{1000, {5, 5}}, {2000, {5, 5}}, {2100, {5, 5}}},
                   {false, false, true}},
-        PressCase{"acrossTheClockWrap", {{0xFFFFFF00u, {5, 5}}, {0x00000010u, {5, 5}}},
-                  {false, true}}),
+        PressCase{
+            "acrossTheClockWrap", {{0xFFFFFF00u, {5, 5}}, {0x00000010u, {5, 5}}}, {false, true}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST(DoubleClickDetector, AnotherButtonBetweenThePressesBreaksThePair) {

@@ -52,8 +52,8 @@ std::vector<uint8_t> readBytes(const std::string& path) {
 // `state`, or the default bands when empty) in a host window of the same
 // size: where the graph lies, and how the parts that no spectrum touches look.
 struct EditorLayout {
-    RECT graph{};           // in the window
-    XPicture belowGraph;    // the rows under the graph
+    RECT graph{};         // in the window
+    XPicture belowGraph;  // the rows under the graph
 };
 
 EditorLayout layoutOf(const std::vector<uint8_t>& state) {
@@ -122,8 +122,9 @@ protected:
         bool shown = pollUntil([&] {
             window = user->findTopLevel("Ombro");
             if (!window || !user->isShown(window)) return false;
-            return !layout || differingPixels(rowsBelow(user->picture(window), layout->graph.bottom),
-                                              layout->belowGraph) == 0;
+            return !layout ||
+                   differingPixels(rowsBelow(user->picture(window), layout->graph.bottom),
+                                   layout->belowGraph) == 0;
         });
         return shown ? window : 0;
     }
@@ -233,7 +234,10 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         BadEdit{"operand", {"edit", "extra"}, false, 2, "edit expects no arguments"},
         BadEdit{"negativeTime", {"edit", "--quit-after", "-1"}, false, 2, "must not be negative"},
-        BadEdit{"missingAudio", {"edit", "--audio", "/nonexistent/in.wav"}, false, 1,
+        BadEdit{"missingAudio",
+                {"edit", "--audio", "/nonexistent/in.wav"},
+                false,
+                1,
                 "/nonexistent/in.wav"},
         BadEdit{"noDisplay", {"edit", "--quit-after", "1"}, true, 1, "cannot open the X display"}),
     [](const auto& info) { return std::string(info.param.name); });

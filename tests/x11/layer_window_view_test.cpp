@@ -11,9 +11,7 @@ namespace {
 constexpr int kTabs = 1026;
 
 int layerWidth(HWND window) { return kobal_layer::windowWidth(*kobal_layer::liveWindow(window)); }
-int layerHeight(HWND window) {
-    return kobal_layer::windowHeight(*kobal_layer::liveWindow(window));
-}
+int layerHeight(HWND window) { return kobal_layer::windowHeight(*kobal_layer::liveWindow(window)); }
 
 using LayerWindowView = X11EditorTest;
 
@@ -32,8 +30,7 @@ TEST_F(LayerWindowView, WindowFollowsTheLayerWindowAndReportsItsSize) {
                               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     ASSERT_TRUE(idleUntil([&] {
         XPoint2 size = user->size(view->xWindow());
-        return size.x == 760 && size.y == 520 && layerWidth(editor) == 760 &&
-               windowShowsTheLayer();
+        return size.x == 760 && size.y == 520 && layerWidth(editor) == 760 && windowShowsTheLayer();
     }));
     ASSERT_TRUE(view->sizeChanged(width, height));
     EXPECT_EQ(width, 760);
@@ -44,8 +41,8 @@ TEST_F(LayerWindowView, WindowFollowsTheLayerWindowAndReportsItsSize) {
 TEST_F(LayerWindowView, LayerWindowFollowsAUserResizeOfTheTopLevelWindow) {
     user->resize(view->xWindow(), 880, 600);
     ASSERT_TRUE(idleUntil([&] {
-        return layerWidth(host) == 880 && layerHeight(host) == 600 &&
-               layerWidth(editor) == 880 && layerHeight(editor) == 600 && windowShowsTheLayer();
+        return layerWidth(host) == 880 && layerHeight(host) == 600 && layerWidth(editor) == 880 &&
+               layerHeight(editor) == 600 && windowShowsTheLayer();
     }));
 }
 

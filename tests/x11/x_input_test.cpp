@@ -3,8 +3,8 @@
 // window shows the result.
 #include <X11/keysym.h>
 
-#include <string>
 #include <ostream>
+#include <string>
 #include <vector>
 
 #include "host/ui/dialog_items.h"
@@ -100,8 +100,8 @@ INSTANTIATE_TEST_SUITE_P(Keys, ModifiedDrag,
 
 TEST_F(X11EditorInput, ClickOnATabSelectsItsBand) {
     HWND tabs = kobal_layer::GetDlgItem(editor, kTabs);
-    const std::string frequencyBefore = kobal_layer::liveWindow(
-        kobal_layer::GetDlgItem(bandPanel(), 1019))->text;
+    const std::string frequencyBefore =
+        kobal_layer::liveWindow(kobal_layer::GetDlgItem(bandPanel(), 1019))->text;
     RECT header = kobal_layer::tabHeaderRect(tabs, 2);
     user->click(Button1, onScreen(tabs, {(header.left + header.right) / 2,
                                          (header.top + header.bottom) / 2}));
@@ -152,9 +152,8 @@ TEST_F(X11EditorInput, DoubleClickOnAHandleSwitchesItsBandOff) {
     const XPoint2 handle = handleAt(100.0);  // band 1, the one the panel shows
     user->click(Button1, handle);
     user->click(Button1, handle);
-    EXPECT_TRUE(idleUntil([&] {
-        return kobal_layer::SendMessage(enabledBox, kobal_layer::BM_GETCHECK, 0, 0) == 0;
-    }));
+    EXPECT_TRUE(idleUntil(
+        [&] { return kobal_layer::SendMessage(enabledBox, kobal_layer::BM_GETCHECK, 0, 0) == 0; }));
 }
 
 }  // namespace

@@ -146,8 +146,8 @@ void XUser::resize(Window window, int width, int height) {
 
 Window XUser::createFrame(int width, int height) {
     Window frame = XCreateSimpleWindow(display_, DefaultRootWindow(display_), 50, 40,
-                                       static_cast<unsigned>(width),
-                                       static_cast<unsigned>(height), 0, 0, 0x202020);
+                                       static_cast<unsigned>(width), static_cast<unsigned>(height),
+                                       0, 0, 0x202020);
     XStoreName(display_, frame, "test frame");
     XMapWindow(display_, frame);
     sync();
