@@ -53,8 +53,9 @@ public:
     bool sizeChanged(int& width, int& height);
     // The X window that shows the layer window.
     unsigned long xWindow() const;
-    // True when the window manager asked to close a top-level view, or the
-    // layer window is no longer live.
+    // True when the window manager asked to close a top-level view, the X
+    // window went with its destroyed parent, or the layer window is no
+    // longer live.
     bool closeRequested() const;
 
     struct State;
