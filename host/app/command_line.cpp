@@ -78,6 +78,13 @@ const Option kOptions[] = {
          line.playSeconds = seconds;
      }},
     {"--out", true, [](CommandLine& line, const std::string& value) { line.demoFolder = value; }},
+    {"--play", false, [](CommandLine& line, const std::string&) { line.playSound = true; }},
+    {"--quit-after", true,
+     [](CommandLine& line, const std::string& value) {
+         double seconds = parseNumber(value, "--quit-after");
+         if (seconds < 0.0) throw UsageError("--quit-after must not be negative: " + value);
+         line.quitAfterSeconds = seconds;
+     }},
     {"--help", false, [](CommandLine& line, const std::string&) { line.helpWanted = true; }},
 };
 
@@ -138,6 +145,8 @@ const char* usageText() {
            "  info                     show the effect's identity, bands and parameters\n"
            "  render-editor OUT.png    play audio with the editor open and save a picture\n"
            "  demo                     equalize a test signal and leave the files in --out\n"
+           "  edit                     open the editor in a window while audio plays;\n"
+           "                           on close the state goes back to --state FILE\n"
            "\n"
            "bands and gain (process, save-state, render-editor, response, info):\n"
            "  --band TYPE,FREQ,GAIN,BANDWIDTH[,off]\n"
@@ -159,10 +168,14 @@ const char* usageText() {
            "render-editor:\n"
            "  --audio FILE             play FILE through the effect (default: a test signal)\n"
            "  --at SECONDS             play it up to SECONDS (default: 10, or all of it)\n"
-           "  --size WIDTHxHEIGHT      host window (default 1020x640)\n"
+           "  --size WIDTHxHEIGHT      host window, also for edit (default 1020x640)\n"
            "info, load-state:  --json  print for scripts\n"
            "response:          --csv   print comma-separated values\n"
            "demo:              --out DIR   where its files go (default ./ombro-demo)\n"
+           "edit:\n"
+           "  --audio FILE             a sound file played in a loop (default: tones)\n"
+           "  --play                   sound to the default ALSA device\n"
+           "  --quit-after SECONDS     close the window after SECONDS\n"
            "\n"
            "host:\n"
            "  --sample-rate HZ         sample rate told to the effect (default: the\n"

@@ -26,6 +26,8 @@ struct CommandLine {
     std::optional<intptr_t> uiVersion;           // --ui-version N
     int windowWidth = 1020;                      // --size WIDTHxHEIGHT
     int windowHeight = 640;
+    bool playSound = false;                      // --play (edit)
+    std::optional<double> quitAfterSeconds;      // --quit-after SECONDS (edit)
     bool helpWanted = false;                     // --help
     std::vector<BandSetting> bands;              // --band TYPE,FREQ,GAIN,BANDWIDTH[,off]
     std::optional<double> outputGainDb;          // --output-gain DB
@@ -33,7 +35,7 @@ struct CommandLine {
     bool csv = false;                            // --csv
     std::optional<int> sampleFormat;             // --format NAME (a libsndfile subtype)
     bool dither = true;                          // --no-dither
-    std::optional<std::string> audioFile;        // --audio FILE
+    std::optional<std::string> audioFile;        // --audio FILE (render-editor, edit)
     std::optional<double> playSeconds;           // --at SECONDS
     std::string demoFolder = "ombro-demo";       // --out DIR
     std::vector<std::string> warnings;           // values held to the editor's limits

@@ -11,3 +11,4 @@ int runSaveState(const CommandLine& line);
 int runLoadState(const CommandLine& line);
 int runRenderEditor(const CommandLine& line);
 int runResponse(const CommandLine& line);
+int runEdit(const CommandLine& line);

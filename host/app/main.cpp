@@ -27,6 +27,7 @@ const Command kCommands[] = {
     {"load-state", 1, "FILE", runLoadState},
     {"render-editor", 1, "OUT.png", runRenderEditor},
     {"response", kAnyOperands, "[FREQ...]", runResponse},
+    {"edit", 0, "", runEdit},
 };
 
 const Command& findCommand(const CommandLine& line) {

@@ -71,11 +71,15 @@ HWND releaseMouse(MouseButton button, POINT screenPoint) {
     return deliverMouse(button == MouseButton::left ? WM_LBUTTONUP : WM_RBUTTONUP, screenPoint);
 }
 
+HWND pressLeftAgain(POINT screenPoint) {
+    setKeyDown(VK_LBUTTON, true);
+    return deliverMouse(WM_LBUTTONDBLCLK, screenPoint);
+}
+
 HWND doubleClickMouse(POINT screenPoint) {
     pressMouse(MouseButton::left, screenPoint);
     releaseMouse(MouseButton::left, screenPoint);
-    setKeyDown(VK_LBUTTON, true);
-    HWND target = deliverMouse(WM_LBUTTONDBLCLK, screenPoint);
+    HWND target = pressLeftAgain(screenPoint);
     releaseMouse(MouseButton::left, screenPoint);
     return target;
 }
@@ -105,6 +109,22 @@ HWND clickAt(HWND window, POINT clientPoint) {
 HWND clickCentre(HWND window) { return clickAt(window, centreOf(window)); }
 
 void holdKey(int virtualKey, bool down) { setKeyDown(virtualKey, down); }
+
+HWND pressKey(int virtualKey, char typed) {
+    HWND focus = GetFocus();
+    if (!focus) return nullptr;
+    if (virtualKey) SendMessage(focus, WM_KEYDOWN, static_cast<WPARAM>(virtualKey), 1);
+    if (typed && liveWindow(focus))
+        SendMessage(focus, WM_CHAR, static_cast<unsigned char>(typed), 1);
+    return focus;
+}
+
+HWND releaseKey(int virtualKey) {
+    HWND focus = GetFocus();
+    if (!focus || !virtualKey) return focus;
+    SendMessage(focus, WM_KEYUP, static_cast<WPARAM>(virtualKey), LPARAM(0xC0000001));
+    return focus;
+}
 
 void typeIntoEdit(HWND edit, const std::string& text, bool replace) {
     if (!liveWindow(edit)) return;

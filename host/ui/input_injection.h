@@ -8,6 +8,7 @@
 // once; what the handlers post waits for pumpMessages().
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "contracts/kobal.h"
@@ -22,10 +23,29 @@ constexpr int kWheelNotch = 120;
 
 enum class MouseButton { left, right };
 
+// Keys that do more than type a character, by their Win32 virtual-key codes.
+constexpr int VK_BACK = 0x08;
+constexpr int VK_TAB = 0x09;
+constexpr int VK_RETURN = 0x0D;
+constexpr int VK_ESCAPE = 0x1B;
+constexpr int VK_END = 0x23;
+constexpr int VK_HOME = 0x24;
+constexpr int VK_LEFT = 0x25;
+constexpr int VK_UP = 0x26;
+constexpr int VK_RIGHT = 0x27;
+constexpr int VK_DOWN = 0x28;
+constexpr int VK_DELETE = 0x2E;
+// Two presses of a button closer than this in time and space make a double click.
+constexpr uint32_t kDoubleClickMs = 500;
+constexpr int kDoubleClickDistance = 2;  // pixels either way
+
 // Pointer actions at a screen point; each returns the window that got the message.
 HWND moveMouse(POINT screenPoint);
 HWND pressMouse(MouseButton button, POINT screenPoint);
 HWND releaseMouse(MouseButton button, POINT screenPoint);
+// The second left press of a double click: WM_LBUTTONDBLCLK in place of
+// WM_LBUTTONDOWN.
+HWND pressLeftAgain(POINT screenPoint);
 // Down, up, double click, up, as Win32 reports a double click.
 HWND doubleClickMouse(POINT screenPoint);
 // The wheel message carries the screen point in lParam, as in Win32.
@@ -39,6 +59,12 @@ HWND clickCentre(HWND window);
 
 // Modifier keys (VK_SHIFT, VK_CONTROL, VK_MENU) for GetAsyncKeyState and MK_ flags.
 void holdKey(int virtualKey, bool down);
+
+// A key as the keyboard gives it to the window with the keyboard focus:
+// WM_KEYDOWN, then WM_CHAR when the key types `typed` (0: types nothing);
+// WM_KEYUP on release. Answer the window that got them, null without focus.
+HWND pressKey(int virtualKey, char typed);
+HWND releaseKey(int virtualKey);
 
 // Keyboard focus to the edit box, then (when `replace`) WM_CLEAR, then one
 // WM_CHAR per character: one EN_CHANGE per edit, as typing gives.

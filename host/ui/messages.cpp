@@ -58,8 +58,11 @@ void collectInvalid(KobalWindow* window, std::vector<HWND>* invalid) {
 // Validated before the message, so that a procedure that never calls
 // BeginPaint is not asked again, while one that invalidates itself while
 // painting is.
+uint64_t paintCount = 0;
+
 void paintNow(HWND window) {
     window->needsPaint = false;
+    ++paintCount;
     SendMessage(window, WM_PAINT, 0, 0);
 }
 
@@ -156,6 +159,8 @@ void invalidateWithChildren(HWND handle) {
     window->needsPaint = true;
     for (KobalWindow* child : window->children) invalidateWithChildren(child);
 }
+
+uint64_t paintsSent() { return paintCount; }
 
 int pumpMessages() {
     int delivered = deliverPosted();

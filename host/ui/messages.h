@@ -4,6 +4,8 @@
 // invalidated.
 #pragma once
 
+#include <cstdint>
+
 #include "contracts/kobal.h"
 
 namespace kobal_layer {
@@ -31,5 +33,9 @@ int pendingPostedMessages();
 void dropPostedMessages();
 // Sends WM_PAINT to every shown window that is invalid (the pump's last step).
 int paintInvalidWindows();
+// How many WM_PAINT messages the layer has sent so far: a picture of the
+// windows can only have changed when this count moved (every change of a
+// window's looks invalidates it).
+uint64_t paintsSent();
 
 }  // namespace kobal_layer

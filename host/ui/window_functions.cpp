@@ -50,9 +50,13 @@ BOOL ShowWindow(HWND handle, int command) {
     return wasVisible ? 1 : 0;
 }
 
-BOOL DestroyWindow(HWND window) {
-    if (!liveWindow(window)) return 0;
-    destroyWindowTree(window);
+BOOL DestroyWindow(HWND handle) {
+    KobalWindow* window = liveWindow(handle);
+    if (!window) return 0;
+    // What lay beneath a shown child shows again.
+    HWND parent = window->visible ? window->parent : nullptr;
+    destroyWindowTree(handle);
+    if (KobalWindow* uncovered = liveWindow(parent)) uncovered->needsPaint = true;
     return 1;
 }
 
