@@ -12,6 +12,7 @@
 #include "engine/eq_band.h"
 #include "tests/editor/response_view_fixture.h"
 #include "view/graph_axes.h"
+#include "view/graph_snapshot.h"
 #include "view/response_curve.h"
 
 namespace {
@@ -55,8 +56,11 @@ protected:
     }
     EqBand designed(int32_t type, double frequency, double gain, double bandwidth) {
         setBand(2, type, frequency, gain, bandwidth);
+        return designedBand(2);
+    }
+    EqBand designedBand(int index) {
         MutexLock lock(instance->mutex);
-        return *instance->band(2);
+        return *instance->band(index);
     }
     // Evaluates only band 2 over a graph of the given size.
     int evaluate(int width, int height, std::vector<double>& magnitude,
@@ -64,12 +68,10 @@ protected:
         magnitude.assign(width, 0.0);
         if (phase) phase->assign(width, 0.0);
         const GraphAxes axes = graphAxes(*instance, width, height);
-        int drawnWidth = width;
-        MutexLock lock(instance->mutex);
-        addBandResponse(*instance->band(2), axes,
-                        ResponseColumns{magnitude.data(), phase ? phase->data() : nullptr},
-                        drawnWidth);
-        return drawnWidth;
+        BandCopy copy{designedBand(2), true};
+        const GraphSnapshot onlyBand2{&copy, 1, 0, -1};
+        return sumBandResponses(
+            onlyBand2, axes, ResponseColumns{magnitude.data(), phase ? phase->data() : nullptr});
     }
     // Pixels close to `color` (each channel within 0x40, outlines are smoothed)
     // at 4.5 to 8 pixels from a handle's centre: its outline.
