@@ -22,6 +22,13 @@ using Texts = std::vector<std::string>;
 class EditorTabsTest : public OpenEditorTest {
 protected:
     void refresh() { kobal::SendMessage(editor(), WM_REFRESH_EDITOR, 0, 0); }
+    std::vector<uint8_t> chunk() {
+        void* data = nullptr;
+        const intptr_t size =
+            instance->effect.dispatcher(&instance->effect, effGetChunk, 0, 0, &data, 0.0f);
+        const auto* bytes = static_cast<const uint8_t*>(data);
+        return std::vector<uint8_t>(bytes, bytes + size);
+    }
     void appendFlatBand() {
         ASSERT_TRUE(appendBand(instance, createDesignedBand(Band, 2000.0, 1.0, 1.0,
                                                             instance->sampleRate)));
@@ -50,6 +57,32 @@ TEST_F(EditorTabsTest, TabsFollowTheBandCountOnOpeningAndRefresh) {
     ASSERT_EQ(tabTexts(), (Texts{"1", "2"}));
     refresh();
     EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
+}
+
+// Band 6 of 6 is selected when a state of two bands arrives: the refresh
+// selects band 2, its tab and its values, and typing and "Remove band" act on it.
+TEST_F(EditorTabsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
+    ASSERT_TRUE(removeBandAt(instance, 3));
+    ASSERT_TRUE(removeBandAt(instance, 2));
+    std::vector<uint8_t> twoBands = chunk();
+    for (int i = 0; i < 4; ++i) appendFlatBand();
+    refresh();
+    ASSERT_TRUE(kobal_layer::clickTab(control(kBandTabs), 5));
+    advanceClock(40);
+    ASSERT_EQ(text(panelControl(kFrequencyEdit)), "2000.0");
+
+    instance->effect.dispatcher(&instance->effect, effSetChunk, 0,
+                                static_cast<intptr_t>(twoBands.size()), twoBands.data(), 0.0f);
+    advanceClock(40);
+    EXPECT_EQ(instance->selectedBand, 1);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2"}));
+    EXPECT_EQ(currentTab(), 1);
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "300.0");
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "6");
+    EXPECT_NEAR(snapshotBand(instance, 1).gain, 1.9952623149688795, 1e-12);
+    ASSERT_TRUE(kobal_layer::clickButton(control(kRemoveBandButton)));
+    EXPECT_EQ(instance->bandCount(), 1);
+    EXPECT_EQ(snapshotBand(instance, 0).type, LowShelf);
 }
 
 TEST_F(EditorTabsTest, ClickingATabSelectsItsBandAndThePanelFollowsOnTheNextTick) {
