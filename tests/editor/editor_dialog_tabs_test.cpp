@@ -8,6 +8,7 @@
 #include "engine/band_list.h"
 #include "engine/band_removal.h"
 #include "host/ui/input_injection.h"
+#include "host/ui/tab_control.h"
 #include "plugin/ui_layer.h"
 #include "tests/editor/editor_dialog_fixture.h"
 
@@ -83,6 +84,25 @@ TEST_F(EditorTabsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
     ASSERT_TRUE(kobal_layer::clickButton(control(kRemoveBandButton)));
     EXPECT_EQ(instance->bandCount(), 1);
     EXPECT_EQ(snapshotBand(instance, 0).type, LowShelf);
+}
+
+// At the default size (1020 by 640) forty tabs do not fit: the strip scrolls,
+// every band can be chosen, and a band added from the editor shows its tab.
+TEST_F(EditorTabsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
+    kobal::SetWindowPos(hostWindow, nullptr, 0, 0, 1020, 640, SWP_NOMOVE | SWP_NOZORDER);
+    advanceClock(40);
+    for (int i = 4; i < 40; ++i) appendFlatBand();
+    refresh();
+    HWND tabs = control(kBandTabs);
+    ASSERT_GT(kobal_layer::tabScrollButtonRect(tabs, 1).right, 0);
+    for (int index : {39, 0, 25, 12}) {
+        SCOPED_TRACE(index);
+        ASSERT_TRUE(kobal_layer::clickTab(tabs, index));
+        EXPECT_EQ(instance->selectedBand, index);
+    }
+    ASSERT_TRUE(kobal_layer::clickButton(control(kAddBandButton)));
+    EXPECT_EQ(currentTab(), 40);
+    EXPECT_GT(kobal_layer::tabHeaderRect(tabs, 40).right, 0);
 }
 
 TEST_F(EditorTabsTest, ClickingATabSelectsItsBandAndThePanelFollowsOnTheNextTick) {
