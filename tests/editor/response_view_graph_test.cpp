@@ -144,6 +144,42 @@ TEST_F(ResponseViewGraphTest, ColumnsHoldTheClosedFormMagnitudeBitForBit) {
     }
 }
 
+// Bands of different sample rates in one paint: every column holds, bit for
+// bit, the sum in band order of each band's closed form at its own rate, and
+// the drawn width is where the last band to reach half its rate stopped.
+TEST_F(ResponseViewGraphTest, BandsOfMixedSampleRatesSumTheirOwnClosedFormsBitForBit) {
+    openView(600, 120);
+    struct RatedBand {
+        int32_t type;
+        double frequency, gain, sampleRate;
+    };
+    const RatedBand bands[] = {{LowShelf, 200.0, 2.0, 44100.0},
+                               {HighPass, 3000.0, 1.0, 96000.0},
+                               {HighShelf, 6000.0, 0.5, 44100.0},
+                               {LowPass, 2000.0, 1.0, 22050.0}};
+    std::vector<BandCopy> copies;
+    for (const RatedBand& rated : bands) {
+        EqBand band = designed(rated.type, rated.frequency, rated.gain, 1.0);
+        adoptSampleRate(&band, rated.sampleRate);
+        copies.push_back(BandCopy{band, true});
+    }
+    std::vector<double> magnitude(600, 0.0);
+    const GraphSnapshot snapshot{copies.data(), 4, 0, -1};
+    const int drawnWidth =
+        sumBandResponses(snapshot, graphAxes(*instance, 600, 120), {magnitude.data(), nullptr});
+    int halfOf22050 = 0;
+    while (columnHz(halfOf22050, 600) <= 11025.0) ++halfOf22050;
+    EXPECT_EQ(drawnWidth, halfOf22050);
+    for (int x = 0; x < 600; x += 7) {
+        SCOPED_TRACE(x);
+        double sum = 0.0;
+        for (const BandCopy& copy : copies)
+            if (columnHz(x, 600) <= 0.5 * copy.values.sampleRate)
+                sum += (closedFormDb(copy.values, columnHz(x, 600)) + 12.0) / 24.0 - 0.5;
+        EXPECT_EQ(magnitude[x], sum);
+    }
+}
+
 TEST_F(ResponseViewGraphTest, CentreColumnShowsTheFullGainOfANarrowPeak) {
     openView(600, 120);
     designed(Band, 1000.0, 4.0, 0.01);
