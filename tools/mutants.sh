@@ -62,14 +62,16 @@ out="${out:-$work/results.txt}"
 # ---- comparing two result files ----------------------------------------------
 if [ "$mode" = compare ]; then
   lost="$(awk 'FNR == NR { if ($1 == "caught") was[$2] = 1; next }
-               ($1 == "MISSED" || $1 == "stale" || $1 == "invalid") && was[$2] { print }' \
-             "$compare_old" "$compare_new")"
+               $1 ~ /^(MISSED|stale|invalid)$/ && was[$2] { print }' "$compare_old" "$compare_new")"
+  absent="$(awk 'FNR == NR { if ($1 ~ /^(caught|MISSED|stale|invalid)$/) now[$2] = 1; next }
+                 $1 == "caught" && !now[$2] { printf " %s", $2 }' "$compare_new" "$compare_old")"
+  if [ -n "$absent" ]; then echo "caught in $compare_old, not run in $compare_new:$absent"; fi
   if [ -n "$lost" ]; then
     echo "caught in $compare_old but not in $compare_new:"
     echo "$lost"
     exit 1
   fi
-  echo "every mutant caught in $compare_old is caught in $compare_new"
+  echo "every mutant caught in $compare_old and run in $compare_new is caught there"
   exit 0
 fi
 
@@ -184,7 +186,7 @@ build_tree() {  # $1: log file
 }
 
 failed_tests() {  # $1: ctest log
-  sed -n '/The following tests FAILED:/,$p' "$1" | sed -n 's/^[[:space:]]*[0-9]* - \(.*\) (.*)$/\1/p' | tr '\n' ' '
+  sed -n '/The following tests FAILED:/,$p' "$1" | sed -n 's/^[[:space:]]*[0-9]* - \(.*\) (.*)$/\1/p' | paste -sd ' '
 }
 
 run_suite() {  # $1: log file, $2: 1 to stop at the first failure
@@ -253,10 +255,13 @@ for i in "${!ids[@]}"; do
   fi
   restore
   report "$status" "$i" "$file:$line" | tee -a "$out"
-  { [ -n "$by" ] && echo "    by: $by"; echo "    $((SECONDS - t0)) s"; } >> "$out"
+  {
+    if [ -n "$by" ]; then echo "    by: $by"; fi
+    echo "    $((SECONDS - t0)) s"
+  } >> "$out"
 done
 
 summary="$caught caught, $missed missed"
-[ $((stale + invalid)) -gt 0 ] && echo "$stale stale, $invalid invalid" | tee -a "$out"
+if [ $((stale + invalid)) -gt 0 ]; then echo "$stale stale, $invalid invalid" | tee -a "$out"; fi
 echo "$summary" | tee -a "$out"
 echo "($((SECONDS - start)) s; results in $out, logs in $logs)" >&2
