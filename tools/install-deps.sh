@@ -7,6 +7,7 @@ packages=(
   libfftw3-dev libsndfile1-dev
   libcairo2-dev libfontconfig-dev libfreetype-dev fonts-liberation
   clang libclang-rt-14-dev
+  libx11-dev libxtst-dev libasound2-dev xvfb xdotool x11-utils
 )
 missing=()
 for p in "${packages[@]}"; do

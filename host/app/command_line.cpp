@@ -69,6 +69,14 @@ const Option kOptions[] = {
          line.windowWidth = static_cast<int>(width);
          line.windowHeight = static_cast<int>(height);
      }},
+    {"--audio", true, [](CommandLine& line, const std::string& value) { line.audioFile = value; }},
+    {"--play", false, [](CommandLine& line, const std::string&) { line.playSound = true; }},
+    {"--quit-after", true,
+     [](CommandLine& line, const std::string& value) {
+         double seconds = parseNumber(value, "--quit-after");
+         if (seconds < 0.0) throw UsageError("--quit-after must not be negative: " + value);
+         line.quitAfterSeconds = seconds;
+     }},
     {"--help", false, [](CommandLine& line, const std::string&) { line.helpWanted = true; }},
 };
 
@@ -126,6 +134,8 @@ const char* usageText() {
            "  save-state FILE          write the effect's state to FILE\n"
            "  load-state FILE          load a state from FILE and show the parameters\n"
            "  render-editor OUT.png    open the editor on a test signal and save a picture\n"
+           "  edit                     open the editor in a window while audio plays;\n"
+           "                           on close the state goes back to --state FILE\n"
            "\n"
            "options:\n"
            "  --set INDEX=VALUE        set a parameter to a normalized value in 0..1\n"
@@ -134,7 +144,11 @@ const char* usageText() {
            "  --sample-rate HZ         sample rate told to the effect (default: the\n"
            "                           input file's, or 44100)\n"
            "  --plugin PATH            the effect's shared object\n"
-           "  --size WIDTHxHEIGHT      host window for render-editor (default 1020x640)\n"
+           "  --size WIDTHxHEIGHT      editor window for render-editor and edit\n"
+           "                           (default 1020x640)\n"
+           "  --audio FILE             edit: a WAV file played in a loop (default: tones)\n"
+           "  --play                   edit: sound to the default ALSA device\n"
+           "  --quit-after SECONDS     edit: close the window after SECONDS\n"
            "  --without-extension NAME     the host withholds an extension function\n"
            "  --without-ui-function NAME   the windowing layer withholds a function\n"
            "  --ui-version N           interface version the windowing layer answers\n"

@@ -24,6 +24,9 @@ struct CommandLine {
     std::optional<intptr_t> uiVersion;           // --ui-version N
     int windowWidth = 1020;                      // --size WIDTHxHEIGHT
     int windowHeight = 640;
+    std::optional<std::string> audioFile;        // --audio FILE (edit)
+    bool playSound = false;                      // --play (edit)
+    std::optional<double> quitAfterSeconds;      // --quit-after SECONDS (edit)
     bool helpWanted = false;                     // --help
 };
 

@@ -22,6 +22,7 @@ const Command kCommands[] = {
     {"save-state", 1, "FILE", runSaveState},
     {"load-state", 1, "FILE", runLoadState},
     {"render-editor", 1, "OUT.png", runRenderEditor},
+    {"edit", 0, "", runEdit},
 };
 
 const Command& findCommand(const CommandLine& line) {
