@@ -45,9 +45,12 @@ float getParameter(AEffect* outer, int32_t index) {
     return core->getParameter(core, index);
 }
 
-// The old accumulating entry: hosts that still call it get replacing output.
+// The old accumulating entry, for hosts that still call it.
 void processAccumulating(AEffect* outer, float** inputs, float** outputs, int32_t frames) {
-    processFloat(outer, inputs, outputs, frames);
+    markAudioThread();
+    BridgeEffect* effect = bridgeOf(outer);
+    effect->floatPath.process(effect->core, inputs, outputs, frames,
+                              FloatProcessing::Output::accumulate);
 }
 
 void describeLike(AEffect& outer, const AEffect& core, bool editorAvailable) {

@@ -14,19 +14,24 @@ void FloatProcessing::reserve(int32_t frames) {
     capacity_ = frames;
 }
 
-void FloatProcessing::process(AEffect* core, float** inputs, float** outputs, int32_t frames) {
+void FloatProcessing::process(AEffect* core, float** inputs, float** outputs, int32_t frames,
+                              Output mode) {
     for (int32_t offset = 0; offset < frames; offset += capacity_)
-        processChunk(core, inputs, outputs, offset, std::min(capacity_, frames - offset));
+        processChunk(core, inputs, outputs, offset, std::min(capacity_, frames - offset), mode);
 }
 
 void FloatProcessing::processChunk(AEffect* core, float** inputs, float** outputs,
-                                   int32_t offset, int32_t frames) {
+                                   int32_t offset, int32_t frames, Output mode) {
     for (int32_t c = 0; c < kChannels; ++c)
         for (int32_t i = 0; i < frames; ++i) inputs_[c][i] = inputs[c][offset + i];
     core->processDoubleReplacing(core, inputs_, outputs_, frames);
-    for (int32_t c = 0; c < kChannels; ++c)
-        for (int32_t i = 0; i < frames; ++i)
-            outputs[c][offset + i] = static_cast<float>(outputs_[c][i]);
+    for (int32_t c = 0; c < kChannels; ++c) {
+        float* output = outputs[c] + offset;
+        if (mode == Output::accumulate)
+            for (int32_t i = 0; i < frames; ++i) output[i] += static_cast<float>(outputs_[c][i]);
+        else
+            for (int32_t i = 0; i < frames; ++i) output[i] = static_cast<float>(outputs_[c][i]);
+    }
 }
 
 }  // namespace bridge

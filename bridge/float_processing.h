@@ -26,11 +26,16 @@ public:
     void reserve(int32_t frames);
     int32_t capacity() const { return capacity_; }
 
-    void process(AEffect* core, float** inputs, float** outputs, int32_t frames);
+    // Replacing: the output is the result. Accumulating (the old process
+    // entry): the result is added to what the output holds.
+    enum class Output { replace, accumulate };
+
+    void process(AEffect* core, float** inputs, float** outputs, int32_t frames,
+                 Output mode = Output::replace);
 
 private:
     void processChunk(AEffect* core, float** inputs, float** outputs, int32_t offset,
-                      int32_t frames);
+                      int32_t frames, Output mode);
 
     std::vector<double> storage_;
     double* inputs_[kChannels] = {};

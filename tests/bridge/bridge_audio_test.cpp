@@ -80,4 +80,22 @@ TEST_F(FloatPathTest, InPlaceLongBlocksEqualTheDoublePathRounded) {
     }
 }
 
+TEST_F(FloatPathTest, OldAccumulatingEntryAddsTheResultToTheOutput) {
+    constexpr int32_t kFrames = 300;
+    StereoFloat input(kFrames);
+    StereoDouble reference(input);
+    std::vector<float> left(kFrames, 1.0f), right(kFrames, -1.0f);
+    float* outputs[2] = {left.data(), right.data()};
+    AEffect* single = floatHost_->effect();
+    single->process(single, input.channels, outputs, kFrames);
+    AEffect* twice = doubleHost_->effect();
+    twice->processDoubleReplacing(twice, reference.inputs, reference.outputs, kFrames);
+    int mismatches = 0;
+    for (int32_t i = 0; i < kFrames; ++i) {
+        mismatches += left[i] != 1.0f + static_cast<float>(reference.outLeft[i]);
+        mismatches += right[i] != -1.0f + static_cast<float>(reference.outRight[i]);
+    }
+    EXPECT_EQ(mismatches, 0);
+}
+
 }  // namespace
