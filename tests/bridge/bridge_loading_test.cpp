@@ -33,6 +33,13 @@ void expectIndependentWorkingInstances(HostedEffect& first, HostedEffect& second
     }
 }
 
+template <typename Function>
+std::string objectOf(Function* function) {
+    Dl_info info{};
+    dladdr(reinterpret_cast<void*>(function), &info);
+    return info.dli_fname ? info.dli_fname : "";
+}
+
 TEST(BridgeLoading, InstancesOfOneBridgeAreIndependent) {
     auto first = HostedEffect::open(builtBridge());
     auto second = HostedEffect::open(builtBridge());
@@ -50,6 +57,8 @@ TEST(BridgeLoading, TwoInstalledCopiesServeInstancesTogether) {
     auto fromSystem = HostedEffect::open(systemBridge);
     ASSERT_TRUE(fromUser && fromSystem);
     EXPECT_EQ(fromSystem->effect()->numParams, kDefaultParameterCount);
+    EXPECT_EQ(objectOf(fromUser->effect()->dispatcher), objectOf(fromSystem->effect()->dispatcher))
+        << "the copy whose windowing layer the process uses serves both";
     expectIndependentWorkingInstances(*fromUser, *fromSystem);
     ERect* rect = nullptr;
     EXPECT_EQ(fromSystem->dispatch(effEditGetRect, 0, 0, &rect), 1) << "the editor stays offered";
