@@ -42,7 +42,7 @@ struct StereoDouble {
 };
 
 // Two instances with the same bands, past the glide of the first block.
-class FloatPathTest : public testing::Test {
+class BridgeFloatPathTest : public testing::Test {
 protected:
     void SetUp() override {
         floatHost_ = HostedEffect::open(builtBridge(), kAnnouncedBlock);
@@ -62,7 +62,7 @@ protected:
     std::unique_ptr<HostedEffect> floatHost_, doubleHost_;
 };
 
-TEST_F(FloatPathTest, InPlaceLongBlocksEqualTheDoublePathRounded) {
+TEST_F(BridgeFloatPathTest, InPlaceLongBlocksEqualTheDoublePathRounded) {
     for (int32_t frames : {kAnnouncedBlock, 1, 1000, 4096 + 17}) {
         StereoFloat buffer(frames);
         StereoDouble reference(buffer);
@@ -80,7 +80,7 @@ TEST_F(FloatPathTest, InPlaceLongBlocksEqualTheDoublePathRounded) {
     }
 }
 
-TEST_F(FloatPathTest, OldAccumulatingEntryAddsTheResultToTheOutput) {
+TEST_F(BridgeFloatPathTest, OldAccumulatingEntryAddsTheResultToTheOutput) {
     constexpr int32_t kFrames = 300;
     StereoFloat input(kFrames);
     StereoDouble reference(input);
