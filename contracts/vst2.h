@@ -102,6 +102,8 @@ enum AudioMasterOpcodes : int32_t {
     audioMasterVersion = 1,
     audioMasterCurrentId = 2,
     audioMasterIdle = 3,
+    audioMasterIOChanged = 13,
+    audioMasterSizeWindow = 15,
     audioMasterGetSampleRate = 16,
     audioMasterGetBlockSize = 17,
     audioMasterGetVendorString = 32,
@@ -109,11 +111,20 @@ enum AudioMasterOpcodes : int32_t {
     audioMasterGetVendorVersion = 34,
     audioMasterVendorSpecific = 35,
     audioMasterCanDo = 37,
+    audioMasterUpdateDisplay = 42,
     audioMasterBeginEdit = 43,
     audioMasterEndEdit = 44,
 };
 
 constexpr int32_t kPlugCategEffect = 1;
+
+// The editor's rectangle as effEditGetRect reports it (ptr receives an ERect*).
+struct ERect {
+    int16_t top;
+    int16_t left;
+    int16_t bottom;
+    int16_t right;
+};
 
 // Builds a four-character code, most significant character first.
 constexpr int32_t fourCharCode(char a, char b, char c, char d) {

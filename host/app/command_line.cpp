@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "host/app/number_text.h"
+#include "host/app/plugin_location.h"
 #include "host/app/program_error.h"
 #include "host/app/sample_format.h"
 
@@ -111,7 +112,7 @@ ParameterSetting parseParameterSetting(const std::string& text) {
 
 CommandLine parseCommandLine(int argc, char** argv) {
     CommandLine line;
-    line.pluginPath = OMBRO_PLUGIN_PATH;
+    line.pluginPath = defaultPluginPath();
     for (int i = 1; i < argc; ++i) {
         std::string argument = argv[i];
         if (argument.size() > 2 && argument.compare(0, 2, "--") == 0) {

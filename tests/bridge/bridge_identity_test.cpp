@@ -1,0 +1,52 @@
+// What a plain host sees of the bridge: the equalizer's identity, both
+// processing entries, the dispatcher's answers passed through, and no
+// private request ever reaching the host.
+#include "contracts/host_extensions.h"
+#include "tests/bridge/bridge_fixture.h"
+
+namespace {
+
+TEST_F(BridgeInstanceTest, PresentsTheEqualizerWithBothProcessingEntries) {
+    EXPECT_EQ(effect()->magic, kEffectMagic);
+    EXPECT_EQ(effect()->uniqueID, fourCharCode('o', 'm', 'b', 'r'));
+    EXPECT_EQ(effect()->version, 1100);
+    EXPECT_EQ(effect()->flags, effFlagsHasEditor | effFlagsCanReplacing | effFlagsProgramChunks |
+                                   effFlagsCanDoubleReplacing);
+    EXPECT_EQ(effect()->numPrograms, 1);
+    EXPECT_EQ(effect()->numInputs, 2);
+    EXPECT_EQ(effect()->numOutputs, 2);
+    EXPECT_EQ(effect()->numParams, kDefaultParameterCount);
+    EXPECT_NE(effect()->processReplacing, nullptr);
+    EXPECT_NE(effect()->processDoubleReplacing, nullptr);
+}
+
+TEST_F(BridgeInstanceTest, PassesDispatcherRequestsThrough) {
+    struct Case {
+        int32_t opcode;
+        const char* expected;
+    };
+    for (Case c : {Case{effGetEffectName, "Ombro"}, Case{effGetVendorString, "Pellix"},
+                   Case{effGetProductString, "Ombro"}, Case{effGetProgramName, ""}})
+        EXPECT_EQ(hosted_->text(c.opcode), c.expected) << c.opcode;
+    char extensions[] = "hasPellixExtensions";
+    char events[] = "receiveVstEvents";
+    EXPECT_EQ(hosted_->dispatch(effCanDo, 0, 0, extensions), kPrivateCanDoAnswer);
+    EXPECT_EQ(hosted_->dispatch(effCanDo, 0, 0, events), 0);
+    EXPECT_EQ(hosted_->dispatch(effGetPlugCategory), kPlugCategEffect);
+    EXPECT_EQ(hosted_->dispatch(effIdentify), 0x4E764566);
+    EXPECT_EQ(hosted_->dispatch(effCanBeAutomated, kDefaultParameterCount - 1), 1);
+    EXPECT_EQ(hosted_->dispatch(effCanBeAutomated, kDefaultParameterCount), 0);
+}
+
+TEST_F(BridgeInstanceTest, AnswersExtensionRequestsItselfAndReportsTheEditorSize) {
+    for (const PlainHostCall& call : unattributedPlainHostCalls())
+        EXPECT_NE(call.opcode, kHostExtensionOpcode);
+    EXPECT_TRUE(hosted_->callsWithOpcode(kHostExtensionOpcode).empty());
+    ERect* rect = nullptr;
+    ASSERT_EQ(hosted_->dispatch(effEditGetRect, 0, 0, &rect), 1);
+    ASSERT_NE(rect, nullptr);
+    EXPECT_EQ(rect->right - rect->left, 1020);
+    EXPECT_EQ(rect->bottom - rect->top, 640);
+}
+
+}  // namespace
