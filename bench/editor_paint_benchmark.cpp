@@ -1,6 +1,8 @@
 // Painting the response graph: milliseconds per paint of a 1200 by 600 graph
 // with 32 bands, with and without the phase curve and the live spectra,
-// drawn by the stand-in host's raster library into the back buffer.
+// drawn by the stand-in host's raster library into the back buffer; and,
+// for comparison, the evaluation of the summed response alone.
+#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -16,7 +18,10 @@
 #include "plugin/instance.h"
 #include "plugin/ui_layer.h"
 #include "view/graph_fonts.h"
+#include "view/graph_axes.h"
 #include "view/graph_paint.h"
+#include "view/graph_snapshot.h"
+#include "view/response_curve.h"
 
 namespace {
 
@@ -77,6 +82,20 @@ double millisecondsPerPaint(EqInstance* instance, const PaintCase& paintCase,
            });
 }
 
+// The per-column evaluation of every band without any drawing.
+double millisecondsPerEvaluation(EqInstance* instance, bool phase, const BenchOptions& options) {
+    std::vector<double> columns(2 * kGraphWidth);
+    const GraphAxes axes = graphAxes(*instance, kGraphWidth, kGraphHeight);
+    const int32_t trials = options.quick ? 3 : 7;
+    const int32_t repeats = options.quick ? 3 : 10;
+    return 1e3 * fastestSecondsPerCall(trials, repeats, [&] {
+               std::fill(columns.begin(), columns.end(), 0.0);
+               const ResponseColumns into{columns.data(),
+                                          phase ? columns.data() + kGraphWidth : nullptr};
+               sumBandResponses(takeGraphSnapshot(*instance), axes, into);
+           });
+}
+
 }  // namespace
 
 void runEditorPaintSuite(const BenchOptions& options) {
@@ -92,7 +111,9 @@ void runEditorPaintSuite(const BenchOptions& options) {
     for (const PaintCase& paintCase : kCases)
         std::printf("  %-24s %8.2f\n", paintCase.name,
                     millisecondsPerPaint(instance, paintCase, options));
-    std::printf("\n");
+    std::printf("  of which evaluating the response: %.2f, with the phase: %.2f\n\n",
+                millisecondsPerEvaluation(instance, false, options),
+                millisecondsPerEvaluation(instance, true, options));
     delete instance->drawingBitmap;
     instance->drawingBitmap = nullptr;
     discardInstance(instance);

@@ -81,10 +81,8 @@ intptr_t passToCore(BridgeEffect& effect, int32_t opcode, int32_t index, intptr_
     return answer;
 }
 
-}  // namespace
-
-intptr_t bridgeDispatcher(AEffect* outer, int32_t opcode, int32_t index, intptr_t value, void* ptr,
-                          float opt) {
+intptr_t dispatch(AEffect* outer, int32_t opcode, int32_t index, intptr_t value, void* ptr,
+                  float opt) {
     BridgeEffect* effect = outer ? bridgeOf(outer) : nullptr;
     if (!effect) return 0;
     switch (opcode) {
@@ -100,6 +98,18 @@ intptr_t bridgeDispatcher(AEffect* outer, int32_t opcode, int32_t index, intptr_
         default: break;
     }
     return passToCore(*effect, opcode, index, value, ptr, opt);
+}
+
+}  // namespace
+
+// No exception leaves the plug-in: a request that runs out of memory answers 0.
+intptr_t bridgeDispatcher(AEffect* outer, int32_t opcode, int32_t index, intptr_t value, void* ptr,
+                          float opt) {
+    try {
+        return dispatch(outer, opcode, index, value, ptr, opt);
+    } catch (...) {
+        return 0;
+    }
 }
 
 }  // namespace bridge

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <new>
 
+#include "bridge/audio_thread.h"
 #include "bridge/bridge_dispatcher.h"
 #include "bridge/core_host_callback.h"
 #include "bridge/layer_lock.h"
@@ -10,20 +11,32 @@
 namespace bridge {
 namespace {
 
-// The audio and parameter entries go straight to the core: no lock, no
-// allocation, no system call of the bridge's own.
+// The audio entries go straight to the core: no lock, no allocation, no
+// system call of the bridge's own.
 void processFloat(AEffect* outer, float** inputs, float** outputs, int32_t frames) {
+    markAudioThread();
     BridgeEffect* effect = bridgeOf(outer);
     effect->floatPath.process(effect->core, inputs, outputs, frames);
 }
 
 void processDouble(AEffect* outer, double** inputs, double** outputs, int32_t frames) {
+    markAudioThread();
     AEffect* core = bridgeOf(outer)->core;
     core->processDoubleReplacing(core, inputs, outputs, frames);
 }
 
+// The core takes its own lock for a new value, but its open editor reads the
+// band values without it, expecting them to change on its own thread only.
+// Automation from a GUI or automation thread therefore waits for the layer
+// lock, so it never lands while the editor runs; from the audio thread it
+// goes straight through, as the audio thread must not wait.
 void setParameter(AEffect* outer, int32_t index, float value) {
     AEffect* core = bridgeOf(outer)->core;
+    if (onAudioThread()) {
+        core->setParameter(core, index, value);
+        return;
+    }
+    LayerGuard guard(layerLock());
     core->setParameter(core, index, value);
 }
 
@@ -32,9 +45,12 @@ float getParameter(AEffect* outer, int32_t index) {
     return core->getParameter(core, index);
 }
 
-// The old accumulating entry: hosts that still call it get replacing output.
+// The old accumulating entry, for hosts that still call it.
 void processAccumulating(AEffect* outer, float** inputs, float** outputs, int32_t frames) {
-    processFloat(outer, inputs, outputs, frames);
+    markAudioThread();
+    BridgeEffect* effect = bridgeOf(outer);
+    effect->floatPath.process(effect->core, inputs, outputs, frames,
+                              FloatProcessing::Output::accumulate);
 }
 
 void describeLike(AEffect& outer, const AEffect& core, bool editorAvailable) {

@@ -4,9 +4,14 @@
 #include "bridge/core_access.h"
 #include "contracts/vst2.h"
 
+// No exception leaves the plug-in: out of memory means no instance.
 extern "C" __attribute__((visibility("default"))) AEffect* VSTPluginMain(audioMasterCallback host) {
-    const bridge::CoreAccess& access = bridge::coreAccess();
-    if (access.otherBridgeMain) return access.otherBridgeMain(host);
-    if (!access.coreMain) return nullptr;
-    return bridge::createBridgeEffect(access.coreMain, host, access.editorAvailable);
+    try {
+        const bridge::CoreAccess& access = bridge::coreAccess();
+        if (access.otherBridgeMain) return access.otherBridgeMain(host);
+        if (!access.coreMain) return nullptr;
+        return bridge::createBridgeEffect(access.coreMain, host, access.editorAvailable);
+    } catch (...) {
+        return nullptr;
+    }
 }

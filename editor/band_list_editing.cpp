@@ -20,16 +20,15 @@ bool appendNewBand(EqInstance* instance, double frequency, double gain) {
     return band != nullptr && appendBand(instance, band);
 }
 
-// The band panel shows the selected band afresh and the graph redraws.
+HWND bandTabs(HWND editor) { return kobal::GetDlgItem(editor, kBandTabs); }
+
+}  // namespace
+
 void showBandListChange(EqInstance* instance) {
     if (instance->bandPanelWindow) kobal::InvalidateRect(instance->bandPanelWindow, nullptr, 1);
     instance->dirtyFlags |= kDirtyResponseView | kDirtyBandPanel;
     notifyHostChanged(instance);
 }
-
-HWND bandTabs(HWND editor) { return kobal::GetDlgItem(editor, kBandTabs); }
-
-}  // namespace
 
 // A band that cannot be allocated or appended is not added at all: the list,
 // the selection, the tabs and the host's parameter list stay as they were.

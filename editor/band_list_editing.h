@@ -10,3 +10,7 @@ struct EqInstance;
 void addBand(EqInstance* instance, HWND editor, double frequency, double gain);
 // Deletes the selected band; at least one band always remains.
 void removeBand(EqInstance* instance, HWND editor);
+
+// After any change of the band list or the bands: the band panel shows the
+// selected band afresh, the graph redraws and the host hears of the change.
+void showBandListChange(EqInstance* instance);

@@ -61,7 +61,10 @@ void resetDefaultsButton(EqInstance* instance, HWND editor, UINT) {
     redrawGraph(editor);
     kobal::TabCtrl_SetCurSel(kobal::GetDlgItem(editor, kBandTabs), 0);
     resetBandStates(instance);
-    notifyHostChanged(instance);
+    // The panel shows band 1 as it now is before any other input arrives.
+    if (instance->bandPanelWindow)
+        kobal::SendMessage(instance->bandPanelWindow, WM_REFRESH_BANDPANEL, 0, 0);
+    showBandListChange(instance);
 }
 
 void showGridBox(EqInstance* instance, HWND editor, UINT) {

@@ -11,7 +11,17 @@ namespace {
 // Space between the graph and the button row when the tabs are hidden.
 constexpr int kGraphGapAboveButtons = 4;
 
+// A state with fewer bands than the selected band's number leaves the last
+// band selected, and the panel shows it.
+void keepSelectionInList(EqInstance* instance) {
+    const int32_t last = instance->bandCount() - 1;
+    if (last < 0 || (instance->selectedBand >= 0 && instance->selectedBand <= last)) return;
+    instance->selectedBand = instance->selectedBand < 0 ? 0 : last;
+    instance->dirtyFlags |= kDirtyResponseView | kDirtyBandPanel;
+}
+
 void refreshTabs(EqInstance* instance, HWND editor) {
+    keepSelectionInList(instance);
     HWND tabs = kobal::GetDlgItem(editor, kBandTabs);
     HWND panel = instance->bandPanelWindow;
     if (matchTabsToBands(tabs, instance->bandCount()) && panel && instance->showTabs) {

@@ -7,7 +7,8 @@ packages=(
   libfftw3-dev libsndfile1-dev
   libcairo2-dev libfontconfig-dev libfreetype-dev fonts-liberation
   clang libclang-rt-14-dev
-  ardour xvfb libx11-dev libxtst-dev
+  libx11-dev libxtst-dev libasound2-dev xvfb xdotool x11-utils
+  ardour
 )
 missing=()
 for p in "${packages[@]}"; do

@@ -4,9 +4,9 @@
 
 #include "contracts/mura.h"
 #include "engine/eq_band.h"
-#include "plugin/eq_instance.h"
 #include "plugin/host_imports.h"
 #include "view/graph_fonts.h"
+#include "view/graph_snapshot.h"
 
 namespace {
 
@@ -46,8 +46,8 @@ HandleLook handleLook(const EqBand& band, bool selected) {
     return band.enabled ? HandleLook{true, color, kBlackText} : HandleLook{false, color, color};
 }
 
-void drawBandHandles(MuraBitmap* bitmap, const EqInstance& instance, const GraphAxes& axes) {
-    for (int32_t i = 0; i < instance.bandCount(); ++i)
-        if (const EqBand* band = instance.band(i))
-            drawHandle(bitmap, *band, i, i == instance.selectedBand, axes);
+void drawBandHandles(MuraBitmap* bitmap, const GraphSnapshot& snapshot, const GraphAxes& axes) {
+    for (int32_t i = 0; i < snapshot.count; ++i)
+        if (const EqBand* band = snapshot.band(i))
+            drawHandle(bitmap, *band, i, i == snapshot.selectedBand, axes);
 }

@@ -4,8 +4,8 @@
 #include "view/graph_axes.h"
 
 class MuraBitmap;
-struct EqInstance;
 struct EqBand;
+struct GraphSnapshot;
 
 struct HandleLook {
     bool filled;
@@ -15,5 +15,4 @@ struct HandleLook {
 
 HandleLook handleLook(const EqBand& band, bool selected);
 
-// The caller holds the instance mutex.
-void drawBandHandles(MuraBitmap* bitmap, const EqInstance& instance, const GraphAxes& axes);
+void drawBandHandles(MuraBitmap* bitmap, const GraphSnapshot& snapshot, const GraphAxes& axes);

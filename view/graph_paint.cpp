@@ -11,6 +11,7 @@
 #include "view/graph_axes.h"
 #include "view/graph_fonts.h"
 #include "view/graph_grid.h"
+#include "view/graph_snapshot.h"
 #include "view/hover_readout.h"
 #include "view/response_curve.h"
 #include "view/analyzer_curves.h"
@@ -92,6 +93,7 @@ void drawGridLayer(MuraBitmap* bitmap, const EqInstance& instance, const GraphAx
 }  // namespace
 
 bool renderGraph(EqInstance& instance, HWND view, int width, int height) {
+    const GraphSnapshot snapshot = takeGraphSnapshot(instance);
     MuraBitmap* bitmap = preparedBitmap(instance, width, height);
     if (!bitmap) return false;
     ensureLabelFont();
@@ -99,18 +101,13 @@ bool renderGraph(EqInstance& instance, HWND view, int width, int height) {
     const GraphAxes axes = graphAxes(instance, width, height);
     const ResponseColumns columns =
         curveColumns(instance, width, (instance.viewFlags & kViewShowPhase) != 0);
-    int drawnWidth = 0;
-    if (columns.magnitude) {
-        MutexLock lock(instance.mutex);
-        drawnWidth = sumBandResponses(instance, axes, columns);
-    }
+    const int drawnWidth = columns.magnitude ? sumBandResponses(snapshot, axes, columns) : 0;
     if (drawnWidth > 0) fillUnderCurve(bitmap, axes, columns.magnitude, drawnWidth);
     drawGridLayer(bitmap, instance, axes);
     drawSpectra(instance, bitmap);
     if (drawnWidth > 0) drawCurves(bitmap, axes, columns, drawnWidth);
-    MutexLock lock(instance.mutex);
-    drawBandHandles(bitmap, instance, axes);
-    drawHoverReadout(bitmap, instance, view);
+    drawBandHandles(bitmap, snapshot, axes);
+    drawHoverReadout(bitmap, snapshot, view);
     return true;
 }
 

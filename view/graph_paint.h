@@ -1,5 +1,7 @@
 // WM_PAINT of the response view: everything is drawn into the instance's
-// off-screen bitmap, which then reaches the window in one copy.
+// off-screen bitmap, which then reaches the window in one copy. The instance
+// mutex is held only while the bands are copied; no window or raster call
+// happens under it.
 #pragma once
 
 #include "contracts/kobal.h"

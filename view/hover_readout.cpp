@@ -5,13 +5,13 @@
 #include "contracts/mura.h"
 #include "editor/gain_scale.h"
 #include "engine/eq_band.h"
-#include "plugin/eq_instance.h"
 #include "plugin/host_imports.h"
 #include "plugin/parameters.h"
 #include "plugin/ui_layer.h"
 #include "view/band_hit_test.h"
 #include "view/graph_axes.h"
 #include "view/graph_fonts.h"
+#include "view/graph_snapshot.h"
 #include "view/view_pointer.h"
 
 namespace {
@@ -66,11 +66,11 @@ RECT placeReadout(POINT pointer, const RECT& client, int textWidth, int textHeig
     return box;
 }
 
-void drawHoverReadout(MuraBitmap* bitmap, const EqInstance& instance, HWND view) {
-    const EqBand* band = instance.band(instance.hoverBand);
+void drawHoverReadout(MuraBitmap* bitmap, const GraphSnapshot& snapshot, HWND view) {
+    const EqBand* band = snapshot.band(snapshot.hoverBand);
     if (!band) return;
     char text[kTextSize];
-    formatReadout(text, sizeof text, *band, instance.hoverBand);
+    formatReadout(text, sizeof text, *band, snapshot.hoverBand);
     const uint32_t textColor = kobal::GetSysColor(kTextColorIndex) & 0xffffff;
     const uint32_t background = kobal::GetSysColor(kBackgroundColorIndex) & 0xffffff;
     if (labelFont) labelFont->setTextColor(textColor);

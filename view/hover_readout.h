@@ -8,7 +8,7 @@
 
 class MuraBitmap;
 struct EqBand;
-struct EqInstance;
+struct GraphSnapshot;
 
 // "Band 2: 3.0dB 1000.0Hz 1.00 oct", with "DISABLED:" in front of a band that is off.
 void formatReadout(char* text, size_t size, const EqBand& band, int index);
@@ -17,5 +17,5 @@ void formatReadout(char* text, size_t size, const EqBand& band, int index);
 // inside a client area `client`: the text rectangle.
 RECT placeReadout(POINT pointer, const RECT& client, int textWidth, int textHeight);
 
-// Paint step for the instance's hovered band; the caller holds the mutex.
-void drawHoverReadout(MuraBitmap* bitmap, const EqInstance& instance, HWND view);
+// Paint step for the hovered band.
+void drawHoverReadout(MuraBitmap* bitmap, const GraphSnapshot& snapshot, HWND view);

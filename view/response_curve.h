@@ -5,20 +5,18 @@
 
 #include "view/graph_axes.h"
 
-struct EqInstance;
-struct EqBand;
+struct GraphSnapshot;
 
 struct ResponseColumns {
     double* magnitude;  // width entries, dB / gainRange, summed over the bands
     double* phase;      // width entries of summed radians, or null
 };
 
-// Adds every enabled band into `columns` (which the caller zeroed) and
-// returns the drawn width: the column where the last band to reach half its
-// sample rate stopped, or the full width. The caller holds the instance mutex.
-int sumBandResponses(const EqInstance& instance, const GraphAxes& axes,
+// Adds every enabled band of the snapshot into `columns` (which the caller
+// zeroed) and returns the drawn width: the column where the last band to
+// reach half its sample rate stopped, or the full width. The terms that
+// depend only on the column and the sample rate (its frequency, sine and
+// cosines) are computed once per rate and shared by the bands, with the same
+// arithmetic as evaluating each band on its own.
+int sumBandResponses(const GraphSnapshot& snapshot, const GraphAxes& axes,
                      const ResponseColumns& columns);
-
-// One band's contribution; `drawnWidth` is lowered when the band stops early.
-void addBandResponse(const EqBand& band, const GraphAxes& axes, const ResponseColumns& columns,
-                     int& drawnWidth);

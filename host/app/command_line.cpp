@@ -1,33 +1,16 @@
 #include "host/app/command_line.h"
 
-#include <cerrno>
-#include <cmath>
-#include <cstdlib>
 #include <functional>
 #include <limits>
 
+#include "host/app/number_text.h"
 #include "host/app/plugin_location.h"
 #include "host/app/program_error.h"
+#include "host/app/sample_format.h"
 
 namespace {
 
-double parseNumber(const std::string& text, const std::string& what) {
-    char* end = nullptr;
-    errno = 0;
-    double number = std::strtod(text.c_str(), &end);
-    if (text.empty() || *end != '\0' || errno == ERANGE || !std::isfinite(number))
-        throw UsageError(what + " is not a number: '" + text + "'");
-    return number;
-}
-
-long long parseInteger(const std::string& text, const std::string& what) {
-    char* end = nullptr;
-    errno = 0;
-    long long number = std::strtoll(text.c_str(), &end, 0);  // accepts 0x... too
-    if (text.empty() || *end != '\0' || errno == ERANGE)
-        throw UsageError(what + " is not an integer: '" + text + "'");
-    return number;
-}
+constexpr double kHighestSampleRate = 768000.0;
 
 using OptionHandler = std::function<void(CommandLine&, const std::string&)>;
 
@@ -46,7 +29,8 @@ const Option kOptions[] = {
     {"--sample-rate", true,
      [](CommandLine& line, const std::string& value) {
          double rate = parseNumber(value, "sample rate");
-         if (rate < 1.0 || rate > 1e6) throw UsageError("sample rate out of range: " + value);
+         if (rate <= 0.0 || rate > kHighestSampleRate)
+             throw UsageError("sample rate must lie above 0 and at most 768000 Hz: " + value);
          line.sampleRate = rate;
      }},
     {"--plugin", true, [](CommandLine& line, const std::string& value) { line.pluginPath = value; }},
@@ -68,6 +52,39 @@ const Option kOptions[] = {
              throw UsageError("window size out of range: " + value);
          line.windowWidth = static_cast<int>(width);
          line.windowHeight = static_cast<int>(height);
+     }},
+    {"--band", true,
+     [](CommandLine& line, const std::string& value) {
+         line.bands.push_back(parseBandSetting(value, line.warnings));
+     }},
+    {"--output-gain", true,
+     [](CommandLine& line, const std::string& value) {
+         line.outputGainDb = parseOutputGainDb(value, line.warnings);
+     }},
+    {"--json", false, [](CommandLine& line, const std::string&) { line.json = true; }},
+    {"--csv", false, [](CommandLine& line, const std::string&) { line.csv = true; }},
+    {"--format", true,
+     [](CommandLine& line, const std::string& value) {
+         line.sampleFormat = findSampleFormat(value);
+         if (!line.sampleFormat)
+             throw UsageError("--format expects pcm16, pcm24, pcm32, float or double, got '" +
+                              value + "'");
+     }},
+    {"--no-dither", false, [](CommandLine& line, const std::string&) { line.dither = false; }},
+    {"--audio", true, [](CommandLine& line, const std::string& value) { line.audioFile = value; }},
+    {"--at", true,
+     [](CommandLine& line, const std::string& value) {
+         double seconds = parseNumber(value, "--at");
+         if (seconds <= 0.0) throw UsageError("--at expects a time after the start: " + value);
+         line.playSeconds = seconds;
+     }},
+    {"--out", true, [](CommandLine& line, const std::string& value) { line.demoFolder = value; }},
+    {"--play", false, [](CommandLine& line, const std::string&) { line.playSound = true; }},
+    {"--quit-after", true,
+     [](CommandLine& line, const std::string& value) {
+         double seconds = parseNumber(value, "--quit-after");
+         if (seconds < 0.0) throw UsageError("--quit-after must not be negative: " + value);
+         line.quitAfterSeconds = seconds;
      }},
     {"--help", false, [](CommandLine& line, const std::string&) { line.helpWanted = true; }},
 };
@@ -120,21 +137,51 @@ const char* usageText() {
     return "usage: ombro-host [OPTIONS] COMMAND [ARGUMENTS]\n"
            "\n"
            "commands:\n"
-           "  demo                     show the effect and equalize a test signal\n"
-           "  info                     show the effect's identity and parameters\n"
-           "  process IN.wav OUT.wav   equalize a WAV file (mono input is duplicated)\n"
+           "  process IN OUT           equalize a sound file (WAV, FLAC, AIFF, ...: the\n"
+           "                           container follows OUT's extension)\n"
+           "  response [FREQ...]       the combined response in dB and degrees at FREQ Hz,\n"
+           "                           or over a logarithmic grid from 20 Hz to 24 kHz\n"
            "  save-state FILE          write the effect's state to FILE\n"
-           "  load-state FILE          load a state from FILE and show the parameters\n"
-           "  render-editor OUT.png    open the editor on a test signal and save a picture\n"
+           "  load-state FILE          load a state from FILE and show its bands\n"
+           "  info                     show the effect's identity, bands and parameters\n"
+           "  render-editor OUT.png    play audio with the editor open and save a picture\n"
+           "  demo                     equalize a test signal and leave the files in --out\n"
+           "  edit                     open the editor in a window while audio plays;\n"
+           "                           on close the state goes back to --state FILE\n"
            "\n"
-           "options:\n"
-           "  --set INDEX=VALUE        set a parameter to a normalized value in 0..1\n"
-           "                           (repeatable; applied after --state)\n"
+           "bands and gain (process, save-state, render-editor, response, info):\n"
+           "  --band TYPE,FREQ,GAIN,BANDWIDTH[,off]\n"
+           "                           one band (repeatable; the bands replace the others):\n"
+           "                           TYPE Low Shelf, High Shelf, Band (or peak, bell),\n"
+           "                           Low Pass, High Pass, All Pass, Notch, Band Pass,\n"
+           "                           Band (alt), Band (alt 2), any case, spaces optional;\n"
+           "                           FREQ in Hz (2.5k allowed), GAIN in dB, BANDWIDTH\n"
+           "                           in octaves; ',off' adds the band switched off\n"
+           "  --output-gain DB         the gain after the bands\n"
            "  --state FILE             load the effect's state from FILE first\n"
+           "  --set INDEX=VALUE        set a host parameter to a normalized value in 0..1\n"
+           "                           (repeatable; applied after --state and --band)\n"
+           "\n"
+           "process:\n"
+           "  --format NAME            pcm16, pcm24, pcm32, float or double (default: the\n"
+           "                           input's)\n"
+           "  --no-dither              no TPDF dither when writing 16 bits or fewer\n"
+           "render-editor:\n"
+           "  --audio FILE             play FILE through the effect (default: a test signal)\n"
+           "  --at SECONDS             play it up to SECONDS (default: 10, or all of it)\n"
+           "  --size WIDTHxHEIGHT      host window, also for edit (default 1020x640)\n"
+           "info, load-state:  --json  print for scripts\n"
+           "response:          --csv   print comma-separated values\n"
+           "demo:              --out DIR   where its files go (default ./ombro-demo)\n"
+           "edit:\n"
+           "  --audio FILE             a sound file played in a loop (default: tones)\n"
+           "  --play                   sound to the default ALSA device\n"
+           "  --quit-after SECONDS     close the window after SECONDS\n"
+           "\n"
+           "host:\n"
            "  --sample-rate HZ         sample rate told to the effect (default: the\n"
            "                           input file's, or 44100)\n"
            "  --plugin PATH            the effect's shared object\n"
-           "  --size WIDTHxHEIGHT      host window for render-editor (default 1020x640)\n"
            "  --without-extension NAME     the host withholds an extension function\n"
            "  --without-ui-function NAME   the windowing layer withholds a function\n"
            "  --ui-version N           interface version the windowing layer answers\n"

@@ -10,3 +10,5 @@ int runProcess(const CommandLine& line);
 int runSaveState(const CommandLine& line);
 int runLoadState(const CommandLine& line);
 int runRenderEditor(const CommandLine& line);
+int runResponse(const CommandLine& line);
+int runEdit(const CommandLine& line);

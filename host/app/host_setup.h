@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "host/app/command_line.h"
+#include "host/app/state_chunk.h"
 #include "host/vst/effect_session.h"
 #include "host/vst/plugin_library.h"
 
@@ -24,6 +25,11 @@ struct RunningEffect {
 // Throws CommandFailure when the plug-in cannot be loaded or refuses.
 RunningEffect startEffect(const CommandLine& line, double fallbackSampleRate = kDefaultSampleRate);
 
-// Loads the --state file, when given, then applies every --set in order.
-// Throws UsageError for a parameter the effect does not have.
+// Loads the --state file, when given, then replaces the bands by the --band
+// list and sets the --output-gain, then applies every --set in order.
+// Throws CommandFailure for a state file that is not a valid state and
+// UsageError for a parameter the effect does not have.
 void applyStateAndSettings(EffectSession& session, const CommandLine& line);
+
+// The effect's state as it stands, read from its chunk.
+EffectState currentState(EffectSession& session);

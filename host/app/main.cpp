@@ -1,5 +1,6 @@
 // ombro-host: runs the equalizer in the stand-in host from the command line.
 #include <cstdio>
+#include <limits>
 #include <string>
 
 #include "host/app/command_line.h"
@@ -7,6 +8,9 @@
 #include "host/app/program_error.h"
 
 namespace {
+
+// An operand count for commands that take any number of operands.
+constexpr size_t kAnyOperands = std::numeric_limits<size_t>::max();
 
 struct Command {
     const char* name;
@@ -18,17 +22,19 @@ struct Command {
 const Command kCommands[] = {
     {"demo", 0, "", runDemo},
     {"info", 0, "", runInfo},
-    {"process", 2, "IN.wav OUT.wav", runProcess},
+    {"process", 2, "IN OUT", runProcess},
     {"save-state", 1, "FILE", runSaveState},
     {"load-state", 1, "FILE", runLoadState},
     {"render-editor", 1, "OUT.png", runRenderEditor},
+    {"response", kAnyOperands, "[FREQ...]", runResponse},
+    {"edit", 0, "", runEdit},
 };
 
 const Command& findCommand(const CommandLine& line) {
     if (line.command.empty()) throw UsageError("no command given");
     for (const Command& command : kCommands) {
         if (line.command != command.name) continue;
-        if (line.operands.size() != command.operandCount)
+        if (command.operandCount != kAnyOperands && line.operands.size() != command.operandCount)
             throw UsageError(std::string(command.name) + " expects " +
                              (command.operandCount ? command.operands : "no arguments"));
         return command;
@@ -45,12 +51,16 @@ int main(int argc, char** argv) {
             std::fputs(usageText(), stdout);
             return 0;
         }
-        int result = findCommand(line).run(line);
+        const Command& command = findCommand(line);
+        for (const std::string& warning : line.warnings)
+            std::fprintf(stderr, "ombro-host: warning: %s\n", warning.c_str());
+        int result = command.run(line);
         std::fflush(stdout);
         return result;
     } catch (const UsageError& error) {
         std::fflush(stdout);
-        std::fprintf(stderr, "ombro-host: %s\n\n%s", error.what(), usageText());
+        std::fprintf(stderr, "ombro-host: %s\nTry 'ombro-host --help' for more information.\n",
+                     error.what());
         return kExitBadUsage;
     } catch (const std::exception& error) {
         std::fflush(stdout);

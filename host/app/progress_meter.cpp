@@ -1,5 +1,7 @@
 #include "host/app/progress_meter.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 
 namespace {
@@ -10,7 +12,8 @@ constexpr int64_t kSecondsWorthShowing = 10;
 
 ProgressMeter::ProgressMeter(int64_t totalFrames, int sampleRate)
     : totalFrames_(totalFrames),
-      shown_(totalFrames > kSecondsWorthShowing * static_cast<int64_t>(sampleRate)) {}
+      shown_(isatty(STDERR_FILENO) &&
+             totalFrames > kSecondsWorthShowing * static_cast<int64_t>(sampleRate)) {}
 
 void ProgressMeter::update(int64_t framesDone) {
     if (!shown_ || totalFrames_ <= 0) return;

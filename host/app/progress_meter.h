@@ -1,5 +1,6 @@
-// A percentage on standard error while a long file is processed; short files
-// (ten seconds of audio or less) show none.
+// A percentage on standard error while a long file is processed, when
+// standard error is a terminal; short files (ten seconds of audio or less)
+// show none.
 #pragma once
 
 #include <cstdint>

@@ -1,82 +1,57 @@
-// "render-editor": opens the editor in a host window, plays a test signal
-// through the effect so the spectra show, and saves a picture of the window.
+// "render-editor OUT.png": opens the editor in a host window, plays the
+// user's audio (--audio) or a test signal through the effect so the spectra
+// show, and saves a picture of the window.
+#include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
+#include <optional>
 
 #include "host/app/commands.h"
+#include "host/app/editor_picture.h"
 #include "host/app/host_setup.h"
 #include "host/app/program_error.h"
-#include "host/ui/host_clock.h"
-#include "host/ui/host_windows.h"
-#include "host/ui/messages.h"
-#include "host/ui/screenshot.h"
+#include "host/app/sound_file.h"
+#include "host/app/test_signal.h"
 
 namespace {
 
-constexpr int32_t kBlockFrames = 512;
-constexpr int kSignalBlocks = 40;
-constexpr uint32_t kTimerPeriodMs = 40;
+constexpr double kDefaultPlaySeconds = 10.0;
+constexpr size_t kTestSignalFrames = 40 * 512;
 
-// Noise with a tone on top, the same on every run.
-class TestSignal {
-public:
-    explicit TestSignal(double sampleRate) : phaseStep_(2.0 * M_PI * 440.0 / sampleRate) {}
-    void fill(StereoBuffer& buffer) {
-        for (size_t i = 0; i < buffer.frames(); ++i) {
-            seed_ = seed_ * 6364136223846793005ULL + 1442695040888963407ULL;
-            double noise = static_cast<double>(seed_ >> 11) / 9007199254740992.0 - 0.5;
-            double sample = 0.1 * noise + 0.25 * std::sin(phase_);
-            phase_ += phaseStep_;
-            buffer.left[i] = buffer.right[i] = sample;
-        }
-    }
-
-private:
-    double phaseStep_;
-    double phase_ = 0.0;
-    uint64_t seed_ = 1;
-};
-
-// Lets the editor's timer run for `milliseconds` of the host clock.
-void letTimePass(uint32_t milliseconds) {
-    kobal_layer::advanceTestClock(milliseconds);
-    kobal_layer::pumpMessages();
-}
-
-void playTestSignal(EffectSession& session) {
-    TestSignal signal(session.options().sampleRate);
-    StereoBuffer input(kBlockFrames), output(kBlockFrames);
-    double blockMs = 1000.0 * kBlockFrames / session.options().sampleRate;
-    double elapsedMs = 0.0;
-    for (int block = 0; block < kSignalBlocks; ++block) {
-        signal.fill(input);
-        session.process(input, output);
-        elapsedMs += blockMs;
-        if (elapsedMs >= kTimerPeriodMs) {
-            letTimePass(kTimerPeriodMs);
-            elapsedMs -= kTimerPeriodMs;
-        }
-    }
+// How many frames of the file to play: up to --at, by default the first ten
+// seconds, never more than the file holds.
+int64_t framesToPlay(const CommandLine& line, const SoundReader& reader) {
+    double seconds = line.playSeconds.value_or(kDefaultPlaySeconds);
+    double wanted = std::ceil(seconds * reader.sampleRate());
+    if (line.playSeconds && wanted > static_cast<double>(reader.frames()))
+        std::fprintf(stderr, "ombro-host: warning: %s lasts only %.2f s; playing all of it\n",
+                     line.audioFile->c_str(),
+                     static_cast<double>(reader.frames()) / reader.sampleRate());
+    return std::min(static_cast<int64_t>(wanted), reader.frames());
 }
 
 }  // namespace
 
 int runRenderEditor(const CommandLine& line) {
-    kobal_layer::useTestClock(1000);
-    RunningEffect effect = startEffect(line);
-    applyStateAndSettings(*effect.session, line);
-    RECT frame{40, 40, 40 + line.windowWidth, 40 + line.windowHeight};
-    HWND window = kobal_layer::createHostWindow("Ombro", frame);
-    if (!effect.session->openEditor(window)) throw CommandFailure("the effect opened no editor");
-    letTimePass(kTimerPeriodMs);
-    playTestSignal(*effect.session);
-    letTimePass(kTimerPeriodMs);
     const std::string& path = line.operands[0];
-    bool saved = kobal_layer::saveScreenshot(window, path);
-    effect.session->closeEditor();
-    kobal_layer::resetWindowingLayer();
-    if (!saved) throw CommandFailure("cannot write " + path);
+    if (line.playSeconds && !line.audioFile) throw UsageError("--at needs --audio FILE");
+    std::optional<SoundReader> audio;
+    if (line.audioFile) audio.emplace(*line.audioFile);
+    useEditorClock();
+    RunningEffect effect = startEffect(line, audio ? audio->sampleRate() : kDefaultSampleRate);
+    EffectSession& session = *effect.session;
+    applyStateAndSettings(session, line);
+    PictureRequest request{line.windowWidth, line.windowHeight, 0, path};
+    if (audio) {
+        request.frames = framesToPlay(line, *audio);
+        renderEditorPicture(session, [&](StereoBuffer& block, size_t frames) {
+            return audio->read(block, frames);
+        }, request);
+    } else {
+        StereoBuffer signal = makeNoisyTone(session.options().sampleRate, kTestSignalFrames);
+        request.frames = static_cast<int64_t>(signal.frames());
+        renderEditorPicture(session, bufferSource(signal), request);
+    }
     std::printf("editor picture written to %s\n", path.c_str());
     return 0;
 }

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "host/app/program_error.h"
+#include "host/app/state_chunk.h"
 
 namespace {
 
@@ -24,6 +25,11 @@ std::vector<uint8_t> readStateFile(const std::string& path) {
                                std::istreambuf_iterator<char>());
     if (file.bad()) throw fileFailure("read", path);
     if (chunk.empty()) throw CommandFailure("state file " + path + " is empty");
+    try {
+        decodeStateChunk(chunk);
+    } catch (const CommandFailure& failure) {
+        throw CommandFailure("state file " + path + " is not a valid state: " + failure.what());
+    }
     return chunk;
 }
 

@@ -1,12 +1,19 @@
 #include "host/app/test_signal.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cmath>
 #include <numbers>
 
 namespace {
 
 constexpr double kSilenceDb = -150.0;
+
+// A uniform value in [-0.5, 0.5) from a linear congruential sequence.
+double nextNoise(uint64_t& seed) {
+    seed = seed * 6364136223846793005ULL + 1442695040888963407ULL;
+    return static_cast<double>(seed >> 11) / 9007199254740992.0 - 0.5;
+}
 
 }  // namespace
 
@@ -27,4 +34,31 @@ double rmsLevelDb(const StereoBuffer& buffer, size_t from) {
         sum += buffer.left[frame] * buffer.left[frame] + buffer.right[frame] * buffer.right[frame];
     if (count == 0 || sum <= 0.0) return kSilenceDb;
     return std::max(kSilenceDb, 10.0 * std::log10(sum / static_cast<double>(count)));
+}
+
+StereoBuffer makeNoisyTone(double sampleRate, size_t frames) {
+    StereoBuffer signal = makeTone(440.0, 0.25, sampleRate, frames);
+    uint64_t seed = 1;
+    for (size_t frame = 0; frame < frames; ++frame) {
+        signal.left[frame] += 0.1 * nextNoise(seed);
+        signal.right[frame] = signal.left[frame];
+    }
+    return signal;
+}
+
+StereoBuffer makeNoise(double amplitude, size_t frames) {
+    StereoBuffer noise(frames);
+    uint64_t seed = 1;
+    for (size_t frame = 0; frame < frames; ++frame) {
+        noise.left[frame] = 2.0 * amplitude * nextNoise(seed);
+        noise.right[frame] = noise.left[frame];
+    }
+    return noise;
+}
+
+StereoBuffer joinSignals(const StereoBuffer& first, const StereoBuffer& second) {
+    StereoBuffer joined = first;
+    joined.left.insert(joined.left.end(), second.left.begin(), second.left.end());
+    joined.right.insert(joined.right.end(), second.right.begin(), second.right.end());
+    return joined;
 }

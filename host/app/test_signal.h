@@ -11,3 +11,12 @@ StereoBuffer makeTone(double frequency, double amplitude, double sampleRate, siz
 // RMS level in dBFS of both channels of `buffer` from frame `from` on
 // (-150 dB for silence).
 double rmsLevelDb(const StereoBuffer& buffer, size_t from);
+
+// Noise with a 440 Hz tone on top, the same on every run.
+StereoBuffer makeNoisyTone(double sampleRate, size_t frames);
+
+// White noise of peak `amplitude` on both channels, the same on every run.
+StereoBuffer makeNoise(double amplitude, size_t frames);
+
+// `first` followed by `second`.
+StereoBuffer joinSignals(const StereoBuffer& first, const StereoBuffer& second);

@@ -5,6 +5,7 @@
 #include "host/raster/color.h"
 #include "host/raster/mura_drawing.h"
 #include "host/raster/mura_paint.h"
+#include "host/raster/opaque_fill.h"
 
 namespace {
 
@@ -75,6 +76,10 @@ void MURA_PutPixel(MuraBitmap* bitmap, int x, int y, uint32_t color, double alph
 
 void MURA_LineInt(MuraBitmap* bitmap, int x1, int y1, int x2, int y2, uint32_t color,
                   double alpha, int mode, int antialias) {
+    if (antialias == 0 && (x1 == x2 || y1 == y2) &&
+        fillOpaqueRect(canvasBitmapOf(bitmap), std::min(x1, x2), std::min(y1, y2),
+                       std::abs(x2 - x1) + 1, std::abs(y2 - y1) + 1, color, alpha, mode))
+        return;
     MuraPaint paint(bitmap, color, alpha, mode, antialias != 0);
     if (!paint) return;
     if (antialias != 0) {
@@ -122,6 +127,9 @@ void MURA_Arc(MuraBitmap* bitmap, float cx, float cy, float radius, float startA
 
 void MURA_FillRect(MuraBitmap* bitmap, int x, int y, int width, int height, uint32_t color,
                    double alpha, int mode) {
+    if (width > 0 && height > 0 &&
+        fillOpaqueRect(canvasBitmapOf(bitmap), x, y, width, height, color, alpha, mode))
+        return;
     MuraPaint paint(bitmap, color, alpha, mode, false);
     if (!paint || width <= 0 || height <= 0) return;
     cairo_rectangle(paint.cr(), x, y, width, height);

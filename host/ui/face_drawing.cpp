@@ -1,6 +1,11 @@
 #include "host/ui/face_drawing.h"
 
+#include <cmath>
+
 #include "host/raster/canvas.h"
+#include "host/raster/color.h"
+#include "host/raster/font_faces.h"
+#include "host/raster/text_layout.h"
 #include "host/ui/system_colors.h"
 
 namespace kobal_layer {
@@ -14,6 +19,23 @@ void drawControlText(Canvas& canvas, const std::string& text, const RECT& rect, 
                      uint32_t color) {
     if (text.empty()) return;
     canvas.text(text.c_str(), rect, dtFlags | DT_SINGLELINE, color, kControlTextHeight);
+}
+
+void drawControlTextUpward(Canvas& canvas, const std::string& text, const RECT& rect,
+                           uint32_t color) {
+    const int width = rect.right - rect.left;
+    const int height = rect.bottom - rect.top;
+    if (text.empty() || width <= 0 || height <= 0) return;
+    cairo_t* cr = cairo_create(canvas.surface());
+    cairo_rectangle(cr, rect.left, rect.top, width, height);
+    cairo_clip(cr);
+    cairo_translate(cr, rect.left, rect.bottom);
+    cairo_rotate(cr, -M_PI / 2);
+    selectTextFont(cr, TextFont{uiFontFace("Arial", 400, false), kControlTextHeight});
+    setSourceRgb(cr, color);
+    RECT turned{0, 0, height, width};  // the rectangle as the text sees it
+    layoutText(cr, text.c_str(), -1, &turned, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    cairo_destroy(cr);
 }
 
 void drawFramedBox(Canvas& canvas, const RECT& rect, uint32_t fill, uint32_t frame) {

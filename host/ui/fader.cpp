@@ -29,9 +29,39 @@ struct FaderState : ControlState {
     bool dragging = false;
 };
 
+// A vertical fader keeps its name above the travel and its value below it,
+// both written upward, so the knob never covers them. Their room is counted
+// at a fixed width per character so that hit tests do not depend on fonts.
+constexpr int kUpwardCharacterLength = 7;
+constexpr int kTextPadding = 4;
+constexpr int kLongestValue = 6;  // characters, as in "-150.0"
+
+int nameLength(HWND fader, const FaderState& state) {
+    if (!state.vertical || state.name.empty()) return 0;
+    const int wanted = kTextPadding + kUpwardCharacterLength * static_cast<int>(state.name.size());
+    return std::min(wanted, windowHeight(*fader) / 3);
+}
+
+int valueLength(HWND fader, const FaderState& state) {
+    if (!state.vertical) return 0;
+    return std::min(kTextPadding + kUpwardCharacterLength * kLongestValue,
+                    windowHeight(*fader) / 4);
+}
+
+// The stretch the knob moves along: from the left or from the bottom.
+struct Travel {
+    int start;
+    int end;
+};
+
+Travel travelOf(HWND fader, const FaderState& state) {
+    if (!state.vertical) return Travel{0, windowWidth(*fader)};
+    return Travel{valueLength(fader, state), windowHeight(*fader) - nameLength(fader, state)};
+}
+
 int travelLength(HWND fader, const FaderState& state) {
-    int length = state.vertical ? windowHeight(*fader) : windowWidth(*fader);
-    return std::max(1, length - kFaderKnobLength);
+    const Travel travel = travelOf(fader, state);
+    return std::max(1, travel.end - travel.start - kFaderKnobLength);
 }
 
 int clampPosition(const FaderState& state, long position) {
@@ -43,16 +73,17 @@ double fractionOf(const FaderState& state, int position) {
     return span > 0 ? static_cast<double>(position - state.minimum) / span : 0.0;
 }
 
-// Offset of the knob centre along the travel, from the left or from the bottom.
+// Offset of the knob centre along the fader, from the left or from the bottom.
 int knobOffset(HWND fader, const FaderState& state, int position) {
-    return kFaderKnobLength / 2 +
+    return travelOf(fader, state).start + kFaderKnobLength / 2 +
            static_cast<int>(std::lround(fractionOf(state, position) * travelLength(fader, state)));
 }
 
 int positionAtPoint(HWND fader, const FaderState& state, int x, int y) {
     int along = state.vertical ? windowHeight(*fader) - 1 - y : x;
     double fraction =
-        static_cast<double>(along - kFaderKnobLength / 2) / travelLength(fader, state);
+        static_cast<double>(along - travelOf(fader, state).start - kFaderKnobLength / 2) /
+        travelLength(fader, state);
     long position = std::lround(state.minimum + fraction * (state.maximum - state.minimum));
     return clampPosition(state, position);
 }
@@ -176,27 +207,26 @@ void drawHorizontal(HWND fader, const FaderState& state, Canvas& canvas, int x, 
                   textPixel());
 }
 
-// The name runs down from the top one character a line, as a narrow
-// vertical fader has no room for it across; the value sits at the foot.
+// The name above the travel and the value below it, each written upward.
 void drawVertical(HWND fader, const FaderState& state, Canvas& canvas, int x, int y) {
     int width = windowWidth(*fader);
     int height = windowHeight(*fader);
     int bottom = y + height - 1;
-    canvas.fillRect(x + width / 2 - kTrackThickness / 2, y + kFaderKnobLength / 2, kTrackThickness,
-                    height - kFaderKnobLength, shadowPixel());
+    const Travel travel = travelOf(fader, state);
+    canvas.fillRect(x + width / 2 - kTrackThickness / 2,
+                    bottom + 1 - travel.end + kFaderKnobLength / 2, kTrackThickness,
+                    travel.end - travel.start - kFaderKnobLength, shadowPixel());
     for (int tic : state.tics)
         if (tic >= state.minimum && tic <= state.maximum)
             canvas.fillRect(x, bottom - knobOffset(fader, state, tic), kTicLength, 1, textPixel());
-    for (size_t i = 0; i < state.name.size(); ++i) {
-        RECT cell =
-            rectAt(x, y + static_cast<int>(i) * kControlTextHeight, width, kControlTextHeight);
-        canvas.fillRect(x + width / 2 - kFaderKnobLength / 2, cell.top, kFaderKnobLength,
-                        kControlTextHeight, facePixel());
-        drawControlText(canvas, state.name.substr(i, 1), cell, DT_CENTER | DT_VCENTER, textPixel());
-    }
-    RECT foot = rectAt(x, y + height - kControlTextHeight - 2, width, kControlTextHeight + 2);
-    drawControlText(canvas, state.value, foot, DT_CENTER | DT_VCENTER, textPixel());
-    int knob = bottom - knobOffset(fader, state, state.position) - kFaderKnobLength / 2;
+    const auto placed = [&](const RECT& r) {
+        return RECT{r.left + x, r.top + y, r.right + x, r.bottom + y};
+    };
+    drawControlTextUpward(canvas, state.name, placed(faderTextRect(fader, kFaderNameText)),
+                          textPixel());
+    drawControlTextUpward(canvas, state.value, placed(faderTextRect(fader, kFaderValueText)),
+                          textPixel());
+    int knob = y + height - knobOffset(fader, state, state.position) - kFaderKnobLength / 2;
     drawFramedBox(canvas, rectAt(x + 1, knob, width - 2, kFaderKnobLength), fieldPixel(),
                   textPixel());
 }
@@ -239,6 +269,16 @@ POINT faderPointOfPosition(HWND fader, int position) {
     if (state->vertical) return POINT{windowWidth(*fader) / 2, windowHeight(*fader) - 1 - offset};
     int height = windowHeight(*fader);
     return POINT{offset, height / 2 + height / 4};  // the knob fills the lower half
+}
+
+RECT faderTextRect(HWND fader, WPARAM which) {
+    FaderState* state = controlState<FaderState>(fader);
+    if (!state || !state->vertical) return RECT{};
+    const int width = windowWidth(*fader);
+    const int height = windowHeight(*fader);
+    if (which == kFaderNameText) return rectAt(0, 0, width, nameLength(fader, *state));
+    const int value = valueLength(fader, *state);
+    return rectAt(0, height - value, width, value);
 }
 
 const char* faderText(HWND fader, WPARAM which) {

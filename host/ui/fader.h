@@ -1,5 +1,6 @@
 // The host's fader classes "HARVINhfader" (horizontal) and "HARVINvfader"
-// (vertical, the top being the range's maximum): trackbar messages
+// (vertical, the top being the range's maximum, its name written upward
+// above the knob's travel and its value below it): trackbar messages
 // TBM_SETRANGE / TBM_SETPOS / TBM_GETPOS / TBM_SETTIC, a default range of
 // 0..1000 (the positions of the host's fader curve), and FADER_SETTEXT for
 // the name (wParam 1) and value (wParam 2) texts drawn on the fader.
@@ -33,6 +34,10 @@ extern const ControlClass kVerticalFaderClass;
 // Where the centre of the knob is for `position`, in the fader's client
 // coordinates (along its travel), and the texts it shows.
 POINT faderPointOfPosition(HWND fader, int position);
+// Where a vertical fader writes its name (above the travel) or its value
+// (below it), in client coordinates; empty for a horizontal fader, which
+// writes both above its track.
+RECT faderTextRect(HWND fader, WPARAM which);
 const char* faderText(HWND fader, WPARAM which);
 
 }  // namespace kobal_layer

@@ -134,9 +134,30 @@ void typeIntoEdit(HWND edit, const std::string& text, bool replace) {
         if (liveWindow(edit)) SendMessage(edit, WM_CHAR, static_cast<unsigned char>(typed), 0);
 }
 
+bool isShownTab(HWND tabs, int index) {
+    const RECT header = tabHeaderRect(tabs, index);
+    return header.right > header.left;
+}
+
+// Presses the arrow button towards tab `index` until its header shows; false
+// when it never does.
+bool scrollTabIntoView(HWND tabs, int index) {
+    for (int presses = 0; presses <= TabCtrl_GetItemCount(tabs); ++presses) {
+        if (isShownTab(tabs, index)) return true;
+        int firstShown = 0;
+        while (firstShown < TabCtrl_GetItemCount(tabs) && !isShownTab(tabs, firstShown))
+            ++firstShown;
+        const RECT button = tabScrollButtonRect(tabs, index < firstShown ? -1 : 1);
+        if (button.right <= button.left) return false;
+        clickAt(tabs, POINT{(button.left + button.right) / 2, (button.top + button.bottom) / 2});
+    }
+    return false;
+}
+
 bool clickTab(HWND tabs, int index) {
+    if (index < 0 || index >= TabCtrl_GetItemCount(tabs) || !scrollTabIntoView(tabs, index))
+        return false;
     RECT header = tabHeaderRect(tabs, index);
-    if (header.right <= header.left) return false;
     POINT middle{(header.left + header.right) / 2, (header.top + header.bottom) / 2};
     return clickAt(tabs, middle) == tabs;
 }

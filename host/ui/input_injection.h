@@ -69,7 +69,8 @@ HWND releaseKey(int virtualKey);
 // Keyboard focus to the edit box, then (when `replace`) WM_CLEAR, then one
 // WM_CHAR per character: one EN_CHANGE per edit, as typing gives.
 void typeIntoEdit(HWND edit, const std::string& text, bool replace = true);
-// Clicks the header of tab `index`; false when there is no such tab.
+// Clicks the header of tab `index`, first pressing the strip's arrow button
+// until it is in view when the tabs scroll; false when there is no such tab.
 bool clickTab(HWND tabs, int index);
 // The user picks entry `index` of a drop-down list (CBN_SELCHANGE).
 bool chooseListEntry(HWND combo, int index);

@@ -3,6 +3,10 @@
 // tab's header sends WM_NOTIFY TCN_SELCHANGING, then (unless the parent
 // answers nonzero) selects it and sends TCN_SELCHANGE. A click takes the
 // keyboard focus.
+//
+// When the headers do not fit in the control's width, two arrow buttons at
+// the right end of the header row scroll them one tab at a time, and the
+// current tab (set by a click or by TabCtrl_SetCurSel) is kept in view.
 #pragma once
 
 #include "host/ui/control_classes.h"
@@ -24,8 +28,11 @@ int TabCtrl_SetCurSel(HWND tabs, int index);
 int TabCtrl_GetCurSel(HWND tabs);
 
 // The header of tab `index` in the control's client coordinates (empty when
-// there is no such tab), and the text of a tab.
+// there is no such tab or it is scrolled out of view), and the text of a tab.
 RECT tabHeaderRect(HWND tabs, int index);
+// The arrow button that scrolls the headers left (direction < 0) or right;
+// empty while every header fits.
+RECT tabScrollButtonRect(HWND tabs, int direction);
 const char* tabText(HWND tabs, int index);
 
 }  // namespace kobal_layer

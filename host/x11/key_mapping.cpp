@@ -18,17 +18,23 @@ struct KeyRow {
 // Keys that edit or move rather than type; the ones Win32 also reports as a
 // character carry it.
 const KeyRow kEditingKeys[] = {
-    {XK_BackSpace, kobal_layer::VK_BACK, '\b'}, {XK_Tab, kobal_layer::VK_TAB, '\t'},
-    {XK_Return, kobal_layer::VK_RETURN, '\r'},  {XK_KP_Enter, kobal_layer::VK_RETURN, '\r'},
-    {XK_Escape, kobal_layer::VK_ESCAPE, 0x1B},  {XK_Delete, kobal_layer::VK_DELETE, 0},
-    {XK_KP_Delete, kobal_layer::VK_DELETE, 0},  {XK_Home, kobal_layer::VK_HOME, 0},
-    {XK_End, kobal_layer::VK_END, 0},           {XK_Left, kobal_layer::VK_LEFT, 0},
-    {XK_Up, kobal_layer::VK_UP, 0},             {XK_Right, kobal_layer::VK_RIGHT, 0},
+    {XK_BackSpace, kobal_layer::VK_BACK, '\b'},
+    {XK_Tab, kobal_layer::VK_TAB, '\t'},
+    {XK_Return, kobal_layer::VK_RETURN, '\r'},
+    {XK_KP_Enter, kobal_layer::VK_RETURN, '\r'},
+    {XK_Escape, kobal_layer::VK_ESCAPE, 0x1B},
+    {XK_Delete, kobal_layer::VK_DELETE, 0},
+    {XK_KP_Delete, kobal_layer::VK_DELETE, 0},
+    {XK_Home, kobal_layer::VK_HOME, 0},
+    {XK_End, kobal_layer::VK_END, 0},
+    {XK_Left, kobal_layer::VK_LEFT, 0},
+    {XK_Up, kobal_layer::VK_UP, 0},
+    {XK_Right, kobal_layer::VK_RIGHT, 0},
     {XK_Down, kobal_layer::VK_DOWN, 0},
 };
 
 const KeyRow kModifierKeys[] = {
-    {XK_Shift_L, VK_SHIFT, 0},   {XK_Shift_R, VK_SHIFT, 0}, {XK_Control_L, VK_CONTROL, 0},
+    {XK_Shift_L, VK_SHIFT, 0},     {XK_Shift_R, VK_SHIFT, 0}, {XK_Control_L, VK_CONTROL, 0},
     {XK_Control_R, VK_CONTROL, 0}, {XK_Alt_L, VK_MENU, 0},    {XK_Alt_R, VK_MENU, 0},
 };
 

@@ -14,13 +14,14 @@
 #include "host/x11/input_feeder.h"
 #include "host/x11/pointer_shape.h"
 #include "host/x11/window_picture.h"
+#include "host/x11/x_error_trap.h"
 
 namespace x11_front {
 namespace {
 
 constexpr long kEventMask = ExposureMask | StructureNotifyMask | PointerMotionMask |
-                            ButtonPressMask | ButtonReleaseMask | KeyPressMask |
-                            KeyReleaseMask | LeaveWindowMask | FocusChangeMask;
+                            ButtonPressMask | ButtonReleaseMask | KeyPressMask | KeyReleaseMask |
+                            LeaveWindowMask | FocusChangeMask;
 
 struct Size {
     int width = 1, height = 1;
@@ -64,10 +65,10 @@ Placement createChild(Display* display, Window parent, Size size) {
 Placement createTopLevel(Display* display, Size size, const std::string& title) {
     int screen = DefaultScreen(display);
     XSetWindowAttributes attributes = plainAttributes();
-    Window window = XCreateWindow(display, RootWindow(display, screen), 0, 0,
-                                  static_cast<unsigned>(size.width),
-                                  static_cast<unsigned>(size.height), 0, CopyFromParent,
-                                  InputOutput, CopyFromParent, kAttributeMask, &attributes);
+    Window window =
+        XCreateWindow(display, RootWindow(display, screen), 0, 0, static_cast<unsigned>(size.width),
+                      static_cast<unsigned>(size.height), 0, CopyFromParent, InputOutput,
+                      CopyFromParent, kAttributeMask, &attributes);
     XStoreName(display, window, title.c_str());
     XClassHint classHint{const_cast<char*>("ombro"), const_cast<char*>("Ombro")};
     XSetClassHint(display, window, &classHint);
@@ -111,7 +112,9 @@ LayerWindowView::State::~State() {
     pointerShape.reset();
     // Closing the connection destroys the window, unless a destroyed parent
     // took it along already.
-    if (display) XCloseDisplay(display);
+    if (!display) return;
+    XCloseDisplay(display);
+    releaseErrorsOn(display);
 }
 
 void LayerWindowView::State::followUserResize(const XConfigureEvent& configure) {
@@ -126,9 +129,12 @@ void LayerWindowView::State::handle(XEvent& event) {
     switch (event.type) {
         case Expose: exposed = true; break;
         case ConfigureNotify: followUserResize(event.xconfigure); break;
-        case DestroyNotify: windowGone = event.xdestroywindow.window == window || windowGone; break;
+        case DestroyNotify:
+            if (event.xdestroywindow.window == window) windowGone = true;
+            break;
         case ClientMessage:
-            if (static_cast<Atom>(event.xclient.data.l[0]) == deleteWindow) closeAsked = true;
+            if (deleteWindow != None && static_cast<Atom>(event.xclient.data.l[0]) == deleteWindow)
+                closeAsked = true;
             break;
         case ButtonPress:
             XSetInputFocus(display, window, RevertToParent, event.xbutton.time);
@@ -180,6 +186,7 @@ std::unique_ptr<LayerWindowView> LayerWindowView::open(HWND layerWindow,
     auto state = std::make_unique<State>();
     state->display = XOpenDisplay(nullptr);
     if (!state->display) return nullptr;
+    trapErrorsOn(state->display);
     state->layerWindow = layerWindow;
     state->topLevel = parentXWindow == 0;
     state->shownSize = layerSizeOf(layerWindow);

@@ -24,8 +24,7 @@ bool hostIsLittleEndian() {
 
 }  // namespace
 
-std::unique_ptr<WindowPicture> WindowPicture::create(Display* display, Visual* visual,
-                                                     int depth) {
+std::unique_ptr<WindowPicture> WindowPicture::create(Display* display, Visual* visual, int depth) {
     if (visual->c_class != TrueColor) return nullptr;
     if (shiftOfByteMask(visual->red_mask) < 0 || shiftOfByteMask(visual->green_mask) < 0 ||
         shiftOfByteMask(visual->blue_mask) < 0)
@@ -46,7 +45,8 @@ WindowPicture::WindowPicture(Display* display, XImage* format)
       redShift_(shiftOfByteMask(format->red_mask)),
       greenShift_(shiftOfByteMask(format->green_mask)),
       blueShift_(shiftOfByteMask(format->blue_mask)),
-      swapBytes_((format->byte_order == LSBFirst) != hostIsLittleEndian()) {}
+      swapBytes_((format->byte_order == LSBFirst) != hostIsLittleEndian()),
+      sameLayout_(redShift_ == 16 && greenShift_ == 8 && blueShift_ == 0 && !swapBytes_) {}
 
 WindowPicture::~WindowPicture() {
     image_->data = nullptr;  // the pixels belong to the vector
@@ -80,8 +80,12 @@ WindowPicture::Rect WindowPicture::takeRows(const Canvas& canvas) {
     Rect changed{width_, height_, 0, 0};
     std::vector<uint32_t> row(static_cast<size_t>(width_));
     for (int y = 0; y < height_; ++y) {
-        const auto* source = reinterpret_cast<const uint32_t*>(data + static_cast<size_t>(y) * stride);
-        for (int x = 0; x < width_; ++x) row[x] = xPixelOf(source[x]);
+        const auto* source =
+            reinterpret_cast<const uint32_t*>(data + static_cast<size_t>(y) * stride);
+        if (sameLayout_)
+            for (int x = 0; x < width_; ++x) row[x] = source[x] & 0xFFFFFF;
+        else
+            for (int x = 0; x < width_; ++x) row[x] = xPixelOf(source[x]);
         uint32_t* shown = &pixels_[static_cast<size_t>(y) * width_];
         if (std::memcmp(shown, row.data(), row.size() * 4) == 0) continue;
         int first = 0, last = width_ - 1;

@@ -42,6 +42,7 @@ private:
     XImage* image_;  // describes pixels_; its data pointer is set before each put
     int redShift_, greenShift_, blueShift_;
     bool swapBytes_;
+    bool sameLayout_;  // the visual's pixels are the canvas's colour bytes
     int width_ = 0, height_ = 0;
     std::vector<uint32_t> pixels_;
     GC gc_ = nullptr;

@@ -42,7 +42,7 @@ struct StereoDouble {
 };
 
 // Two instances with the same bands, past the glide of the first block.
-class FloatPathTest : public testing::Test {
+class BridgeFloatPathTest : public testing::Test {
 protected:
     void SetUp() override {
         floatHost_ = HostedEffect::open(builtBridge(), kAnnouncedBlock);
@@ -62,7 +62,7 @@ protected:
     std::unique_ptr<HostedEffect> floatHost_, doubleHost_;
 };
 
-TEST_F(FloatPathTest, InPlaceLongBlocksEqualTheDoublePathRounded) {
+TEST_F(BridgeFloatPathTest, InPlaceLongBlocksEqualTheDoublePathRounded) {
     for (int32_t frames : {kAnnouncedBlock, 1, 1000, 4096 + 17}) {
         StereoFloat buffer(frames);
         StereoDouble reference(buffer);
@@ -78,6 +78,24 @@ TEST_F(FloatPathTest, InPlaceLongBlocksEqualTheDoublePathRounded) {
         EXPECT_EQ(mismatches, 0) << frames << " frames";
         EXPECT_NE(buffer.left[frames / 2], StereoFloat(frames).left[frames / 2]) << "the bands act";
     }
+}
+
+TEST_F(BridgeFloatPathTest, OldAccumulatingEntryAddsTheResultToTheOutput) {
+    constexpr int32_t kFrames = 300;
+    StereoFloat input(kFrames);
+    StereoDouble reference(input);
+    std::vector<float> left(kFrames, 1.0f), right(kFrames, -1.0f);
+    float* outputs[2] = {left.data(), right.data()};
+    AEffect* single = floatHost_->effect();
+    single->process(single, input.channels, outputs, kFrames);
+    AEffect* twice = doubleHost_->effect();
+    twice->processDoubleReplacing(twice, reference.inputs, reference.outputs, kFrames);
+    int mismatches = 0;
+    for (int32_t i = 0; i < kFrames; ++i) {
+        mismatches += left[i] != 1.0f + static_cast<float>(reference.outLeft[i]);
+        mismatches += right[i] != -1.0f + static_cast<float>(reference.outRight[i]);
+    }
+    EXPECT_EQ(mismatches, 0);
 }
 
 }  // namespace

@@ -184,8 +184,14 @@ TEST_F(BridgeEditorTest, ClickedTabSelectsItsBand) {
     }
 }
 
-TEST_F(BridgeEditorTest, ClosesAndOpensAgain) {
-    EXPECT_NE(frame_->pluginWindow(), 0u);
+TEST_F(BridgeEditorTest, ShowsAtItsSizeClosesAndOpensAgain) {
+    ASSERT_NE(frame_->pluginWindow(), 0u);
+    ERect* rect = nullptr;
+    ASSERT_EQ(hosted_->dispatch(effEditGetRect, 0, 0, &rect), 1);
+    XWindowAttributes shown{};
+    XGetWindowAttributes(frame_->display(), frame_->pluginWindow(), &shown);
+    EXPECT_EQ(shown.width, rect->right - rect->left) << "the X window has the editor's size";
+    EXPECT_EQ(shown.height, rect->bottom - rect->top);
     hosted_->dispatch(effEditClose);
     XSync(frame_->display(), False);
     EXPECT_EQ(frame_->pluginWindow(), 0u);

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -32,6 +33,13 @@ void expectIndependentWorkingInstances(HostedEffect& first, HostedEffect& second
     }
 }
 
+template <typename Function>
+std::string objectOf(Function* function) {
+    Dl_info info{};
+    dladdr(reinterpret_cast<void*>(function), &info);
+    return info.dli_fname ? info.dli_fname : "";
+}
+
 TEST(BridgeLoading, InstancesOfOneBridgeAreIndependent) {
     auto first = HostedEffect::open(builtBridge());
     auto second = HostedEffect::open(builtBridge());
@@ -49,9 +57,45 @@ TEST(BridgeLoading, TwoInstalledCopiesServeInstancesTogether) {
     auto fromSystem = HostedEffect::open(systemBridge);
     ASSERT_TRUE(fromUser && fromSystem);
     EXPECT_EQ(fromSystem->effect()->numParams, kDefaultParameterCount);
+    EXPECT_EQ(objectOf(fromUser->effect()->dispatcher), objectOf(fromSystem->effect()->dispatcher))
+        << "the copy whose windowing layer the process uses serves both";
     expectIndependentWorkingInstances(*fromUser, *fromSystem);
     ERect* rect = nullptr;
     EXPECT_EQ(fromSystem->dispatch(effEditGetRect, 0, 0, &rect), 1) << "the editor stays offered";
+}
+
+// In a fresh child process: a windowing layer that is not a bridge's is
+// already global (the stand-in host's library, as a host that offered the
+// layer itself would have it); the bridge then gives instances that process
+// audio but offer no editor. Exit code 0 on success, 77 when the process
+// already had a layer.
+int runWithForeignLayer(const std::string& bridgePath) {
+    if (dlsym(RTLD_DEFAULT, "KOBALAPI_GetFunc")) return 77;
+    if (!dlopen(OMBRO_HOST_LIBRARY, RTLD_NOW | RTLD_GLOBAL)) return 1;
+    void* bridge = dlopen(bridgePath.c_str(), RTLD_NOW | RTLD_LOCAL);
+    auto main = bridge ? reinterpret_cast<VstPluginMainProc>(dlsym(bridge, "VSTPluginMain")) : nullptr;
+    AEffect* effect = main ? main(plainHostCallback) : nullptr;
+    if (!effect || (effect->flags & effFlagsHasEditor)) return 2;
+    ERect* rect = nullptr;
+    if (effect->dispatcher(effect, effEditGetRect, 0, 0, &rect, 0.0f) != 0) return 3;
+    std::vector<float> left(64, 0.5f), right(64, 0.5f);
+    float* channels[2] = {left.data(), right.data()};
+    effect->setParameter(effect, 1, 1.0f);
+    for (int block = 0; block < 4; ++block) effect->processReplacing(effect, channels, channels, 64);
+    if (left[63] == 0.5f) return 4;
+    effect->dispatcher(effect, effClose, 0, 0, nullptr, 0.0f);
+    return 0;
+}
+
+TEST(BridgeLoading, AnotherLayerFirstInTheProcessLeavesInstancesWithoutEditor) {
+    CopiedInstallFolder folder;
+    pid_t child = fork();
+    if (child == 0) _exit(runWithForeignLayer(folder.bridgePath()));
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == 77) GTEST_SKIP() << "a bridge is loaded in this process already";
+    EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 TEST(BridgeLoading, WorksAfterUnloadAndReload) {

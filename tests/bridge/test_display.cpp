@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <thread>
@@ -39,7 +38,8 @@ public:
         if (!xvfbInstalled()) return;
         int number = 100 + static_cast<int>(getpid() % 400);
         while (!displayNumberFree(number)) ++number;
-        std::string name = ":" + std::to_string(number);
+        std::string name = std::to_string(number);
+        name.insert(0, 1, ':');
         pid_ = fork();
         if (pid_ == 0) {
             execlp("Xvfb", "Xvfb", name.c_str(), "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-noreset",
@@ -129,11 +129,6 @@ void HostFrame::pressButton(int button, bool down) const {
     XSync(display_, False);
 }
 
-cairo_status_t appendToFile(void* file, const unsigned char* data, unsigned length) {
-    return std::fwrite(data, 1, length, static_cast<FILE*>(file)) == length ? CAIRO_STATUS_SUCCESS
-                                                                            : CAIRO_STATUS_WRITE_ERROR;
-}
-
 void savePicture(const std::vector<uint32_t>& pixels, int width, int height,
                  const std::string& path) {
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
@@ -142,9 +137,6 @@ void savePicture(const std::vector<uint32_t>& pixels, int width, int height,
     cairo_surface_t* surface = cairo_image_surface_create_for_data(
         reinterpret_cast<unsigned char*>(opaque.data()), CAIRO_FORMAT_ARGB32, width, height,
         width * 4);
-    if (FILE* file = std::fopen(path.c_str(), "wb")) {
-        cairo_surface_write_to_png_stream(surface, appendToFile, file);
-        std::fclose(file);
-    }
+    cairo_surface_write_to_png(surface, path.c_str());
     cairo_surface_destroy(surface);
 }

@@ -159,3 +159,52 @@ TEST_F(SpectrumDisplayTest, SpectraShowForOneSecondAfterTheLastBlockAndNotWithou
 }
 
 }  // namespace
+
+namespace {
+
+// The whole path through the host's real FFT: a steady tone exactly at bin 9
+// of the 2048-point analysis (193.8 Hz at 44.1 kHz), amplitude 0.5, is drawn
+// with its level, 20 log10(0.5 / 2) = -12.04 dB (the window sums to 1), at
+// the column of its level entry (entry 8 holds bin 9, placed at 8 × 22050 /
+// 1024 Hz). Grid and bands are off, so the curve is the only thing above the
+// flat strip at the centre.
+class SpectrumThroughTheHostFftTest : public ResponseViewTest {};
+
+TEST_F(SpectrumThroughTheHostFftTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
+    constexpr int kWidth = 1200, kHeight = 240, kBin = 9, kFrames = 4096;
+    constexpr double kAmplitude = 0.5;
+    openView(kWidth, kHeight);
+    instance->showGrid = 0;
+    silenceAllBands();
+    std::vector<double> tone(kFrames), out(2 * kFrames);
+    for (int n = 0; n < kFrames; ++n)
+        tone[n] = kAmplitude * std::cos(2.0 * 3.141592653589793 * kBin * n / 2048.0);
+    double* inputs[] = {tone.data(), tone.data()};
+    double* outputs[] = {out.data(), out.data() + kFrames};
+    processDoubleReplacing(&instance->effect, inputs, outputs, kFrames);
+    paint();
+    ASSERT_NE(instance->spectrumDrawnTick, 0u);
+
+    const double entryHz = (kBin - 1) * static_cast<double>(static_cast<float>(22050.0 / 1024.0));
+    const int column = static_cast<int>(std::log((entryHz - 20.0) / 59.95 + 1.0) /
+                                            5.993961427306569 * kWidth + 0.5);
+    // The highest drawn row between the top edge and the centre strip, and
+    // the middle of the columns that reach it.
+    int topRow = kHeight, first = -1, last = -1;
+    for (int x = 0; x < kWidth; ++x)
+        for (int y = 0; y < kHeight / 2 - 10 && y <= topRow; ++y)
+            if (pixel(x, y) != kBlack) {
+                if (y < topRow) first = x;
+                topRow = y;
+                last = x;
+                break;
+            }
+    const int topColumn = (first + last) / 2;
+    const double expectedDb = 20.0 * std::log10(kAmplitude / 2.0);
+    const double pixelsPerDb = kHeight / 120.0;
+    EXPECT_NEAR(topColumn, column, 2);
+    // The curve bends between level points, so its top lies a little below the level.
+    EXPECT_NEAR(-topRow / pixelsPerDb, expectedDb, 2.0);
+}
+
+}  // namespace

@@ -131,6 +131,21 @@ TEST_F(EditorCommandsTest, ResetDefaultsAtTheSameCountOnlyReportsAChange) {
     EXPECT_TRUE(isHostChanged(sent[1]));
 }
 
+// The panel showed band 4 (a high shelf); right after the reset, before any
+// timer tick, it shows band 1, and its faders work on band 1 as it now is.
+TEST_F(EditorCommandsTest, ResetDefaultsShowsBandOneInThePanelAtOnce) {
+    selectTab(3);
+    advanceClock(40);
+    ASSERT_EQ(text(panelControl(kFrequencyEdit)), "5000.0");
+    click(kResetDefaultsButton);
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "100.0");
+    EXPECT_EQ(kobal::SendMessage(panelControl(kBandTypeList), CB_GETCURSEL, 0, 0), 0);
+    ASSERT_TRUE(kobal_layer::dragFaderTo(panelControl(kFrequencyFader), 300));
+    EXPECT_EQ(snapshotBand(instance, 0).type, LowShelf);
+    EXPECT_NE(snapshotBand(instance, 0).frequency, 100.0);
+    EXPECT_EQ(snapshotBand(instance, 3).frequency, 5000.0);
+}
+
 TEST_F(EditorCommandsTest, ViewSwitchesSetTheirFlagsAndTellTheHost) {
     click(kShowGridBox);
     EXPECT_EQ(instance->showGrid, 0);

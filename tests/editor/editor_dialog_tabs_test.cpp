@@ -8,6 +8,7 @@
 #include "engine/band_list.h"
 #include "engine/band_removal.h"
 #include "host/ui/input_injection.h"
+#include "host/ui/tab_control.h"
 #include "plugin/ui_layer.h"
 #include "tests/editor/editor_dialog_fixture.h"
 
@@ -22,6 +23,13 @@ using Texts = std::vector<std::string>;
 class EditorTabsTest : public OpenEditorTest {
 protected:
     void refresh() { kobal::SendMessage(editor(), WM_REFRESH_EDITOR, 0, 0); }
+    std::vector<uint8_t> chunk() {
+        void* data = nullptr;
+        const intptr_t size =
+            instance->effect.dispatcher(&instance->effect, effGetChunk, 0, 0, &data, 0.0f);
+        const auto* bytes = static_cast<const uint8_t*>(data);
+        return std::vector<uint8_t>(bytes, bytes + size);
+    }
     void appendFlatBand() {
         ASSERT_TRUE(appendBand(instance, createDesignedBand(Band, 2000.0, 1.0, 1.0,
                                                             instance->sampleRate)));
@@ -50,6 +58,51 @@ TEST_F(EditorTabsTest, TabsFollowTheBandCountOnOpeningAndRefresh) {
     ASSERT_EQ(tabTexts(), (Texts{"1", "2"}));
     refresh();
     EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
+}
+
+// Band 6 of 6 is selected when a state of two bands arrives: the refresh
+// selects band 2, its tab and its values, and typing and "Remove band" act on it.
+TEST_F(EditorTabsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
+    ASSERT_TRUE(removeBandAt(instance, 3));
+    ASSERT_TRUE(removeBandAt(instance, 2));
+    std::vector<uint8_t> twoBands = chunk();
+    for (int i = 0; i < 4; ++i) appendFlatBand();
+    refresh();
+    ASSERT_TRUE(kobal_layer::clickTab(control(kBandTabs), 5));
+    advanceClock(40);
+    ASSERT_EQ(text(panelControl(kFrequencyEdit)), "2000.0");
+
+    instance->effect.dispatcher(&instance->effect, effSetChunk, 0,
+                                static_cast<intptr_t>(twoBands.size()), twoBands.data(), 0.0f);
+    advanceClock(40);
+    EXPECT_EQ(instance->selectedBand, 1);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2"}));
+    EXPECT_EQ(currentTab(), 1);
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "300.0");
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "6");
+    EXPECT_NEAR(snapshotBand(instance, 1).gain, 1.9952623149688795, 1e-12);
+    ASSERT_TRUE(kobal_layer::clickButton(control(kRemoveBandButton)));
+    EXPECT_EQ(instance->bandCount(), 1);
+    EXPECT_EQ(snapshotBand(instance, 0).type, LowShelf);
+}
+
+// At the default size (1020 by 640) forty tabs do not fit: the strip scrolls,
+// every band can be chosen, and a band added from the editor shows its tab.
+TEST_F(EditorTabsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
+    kobal::SetWindowPos(hostWindow, nullptr, 0, 0, 1020, 640, SWP_NOMOVE | SWP_NOZORDER);
+    advanceClock(40);
+    for (int i = 4; i < 40; ++i) appendFlatBand();
+    refresh();
+    HWND tabs = control(kBandTabs);
+    ASSERT_GT(kobal_layer::tabScrollButtonRect(tabs, 1).right, 0);
+    for (int index : {39, 0, 25, 12}) {
+        SCOPED_TRACE(index);
+        ASSERT_TRUE(kobal_layer::clickTab(tabs, index));
+        EXPECT_EQ(instance->selectedBand, index);
+    }
+    ASSERT_TRUE(kobal_layer::clickButton(control(kAddBandButton)));
+    EXPECT_EQ(currentTab(), 40);
+    EXPECT_GT(kobal_layer::tabHeaderRect(tabs, 40).right, 0);
 }
 
 TEST_F(EditorTabsTest, ClickingATabSelectsItsBandAndThePanelFollowsOnTheNextTick) {

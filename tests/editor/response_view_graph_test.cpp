@@ -12,6 +12,7 @@
 #include "engine/eq_band.h"
 #include "tests/editor/response_view_fixture.h"
 #include "view/graph_axes.h"
+#include "view/graph_snapshot.h"
 #include "view/response_curve.h"
 
 namespace {
@@ -55,8 +56,11 @@ protected:
     }
     EqBand designed(int32_t type, double frequency, double gain, double bandwidth) {
         setBand(2, type, frequency, gain, bandwidth);
+        return designedBand(2);
+    }
+    EqBand designedBand(int index) {
         MutexLock lock(instance->mutex);
-        return *instance->band(2);
+        return *instance->band(index);
     }
     // Evaluates only band 2 over a graph of the given size.
     int evaluate(int width, int height, std::vector<double>& magnitude,
@@ -64,12 +68,10 @@ protected:
         magnitude.assign(width, 0.0);
         if (phase) phase->assign(width, 0.0);
         const GraphAxes axes = graphAxes(*instance, width, height);
-        int drawnWidth = width;
-        MutexLock lock(instance->mutex);
-        addBandResponse(*instance->band(2), axes,
-                        ResponseColumns{magnitude.data(), phase ? phase->data() : nullptr},
-                        drawnWidth);
-        return drawnWidth;
+        BandCopy copy{designedBand(2), true};
+        const GraphSnapshot onlyBand2{&copy, 1, 0, -1};
+        return sumBandResponses(
+            onlyBand2, axes, ResponseColumns{magnitude.data(), phase ? phase->data() : nullptr});
     }
     // Pixels close to `color` (each channel within 0x40, outlines are smoothed)
     // at 4.5 to 8 pixels from a handle's centre: its outline.
@@ -139,6 +141,42 @@ TEST_F(ResponseViewGraphTest, ColumnsHoldTheClosedFormMagnitudeBitForBit) {
         EXPECT_EQ(magnitude[x], (db + 12.0) / 24.0 - 0.5);
         const std::complex<double> response = complexResponse(band, columnHz(x, 600));
         EXPECT_NEAR(db, 20.0 * std::log10(std::abs(response)), 1e-9);
+    }
+}
+
+// Bands of different sample rates in one paint: every column holds, bit for
+// bit, the sum in band order of each band's closed form at its own rate, and
+// the drawn width is where the last band to reach half its rate stopped.
+TEST_F(ResponseViewGraphTest, BandsOfMixedSampleRatesSumTheirOwnClosedFormsBitForBit) {
+    openView(600, 120);
+    struct RatedBand {
+        int32_t type;
+        double frequency, gain, sampleRate;
+    };
+    const RatedBand bands[] = {{LowShelf, 200.0, 2.0, 44100.0},
+                               {HighPass, 3000.0, 1.0, 96000.0},
+                               {HighShelf, 6000.0, 0.5, 44100.0},
+                               {LowPass, 2000.0, 1.0, 22050.0}};
+    std::vector<BandCopy> copies;
+    for (const RatedBand& rated : bands) {
+        EqBand band = designed(rated.type, rated.frequency, rated.gain, 1.0);
+        adoptSampleRate(&band, rated.sampleRate);
+        copies.push_back(BandCopy{band, true});
+    }
+    std::vector<double> magnitude(600, 0.0);
+    const GraphSnapshot snapshot{copies.data(), 4, 0, -1};
+    const int drawnWidth =
+        sumBandResponses(snapshot, graphAxes(*instance, 600, 120), {magnitude.data(), nullptr});
+    int halfOf22050 = 0;
+    while (columnHz(halfOf22050, 600) <= 11025.0) ++halfOf22050;
+    EXPECT_EQ(drawnWidth, halfOf22050);
+    for (int x = 0; x < 600; x += 7) {
+        SCOPED_TRACE(x);
+        double sum = 0.0;
+        for (const BandCopy& copy : copies)
+            if (columnHz(x, 600) <= 0.5 * copy.values.sampleRate)
+                sum += (closedFormDb(copy.values, columnHz(x, 600)) + 12.0) / 24.0 - 0.5;
+        EXPECT_EQ(magnitude[x], sum);
     }
 }
 

@@ -60,7 +60,6 @@ TEST_F(ResponseViewPictureTest, EditorWithShapedBandsPhaseAndSpectraIsSaved) {
     std::filesystem::create_directories(directory);
     const std::filesystem::path file = directory / "response_view_editor.png";
     ASSERT_TRUE(kobal_layer::saveScreenshot(hostWindow, file.string()));
-    EXPECT_GT(std::filesystem::file_size(file), 1000u);
     EXPECT_NE(instance->spectrumDrawnTick, 0u);  // the spectra were drawn
 }
 

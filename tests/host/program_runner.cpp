@@ -30,9 +30,10 @@ std::string temporaryPath(const std::string& name) {
            std::to_string(counter++) + "_" + name;
 }
 
-ProgramResult runHostProgram(const std::vector<std::string>& arguments) {
-    std::string outPath = temporaryPath("stdout.txt");
-    std::string errPath = temporaryPath("stderr.txt");
+RunningProgram startHostProgram(const std::vector<std::string>& arguments) {
+    RunningProgram program;
+    program.outPath = temporaryPath("stdout.txt");
+    program.errPath = temporaryPath("stderr.txt");
     std::vector<std::string> words = {OMBRO_HOST_PROGRAM};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
@@ -42,26 +43,35 @@ ProgramResult runHostProgram(const std::vector<std::string>& arguments) {
     // Output goes to files, so neither stream can block the other.
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, outPath.c_str(),
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, program.outPath.c_str(),
                                      O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, errPath.c_str(),
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, program.errPath.c_str(),
                                      O_WRONLY | O_CREAT | O_TRUNC, 0600);
     pid_t child = 0;
-    ProgramResult result;
     int spawned = posix_spawn(&child, argv[0], &actions, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
-    if (spawned != 0) {
-        result.err = "cannot start " + words[0];
+    if (spawned == 0) program.processId = child;
+    return program;
+}
+
+ProgramResult finishHostProgram(const RunningProgram& program) {
+    ProgramResult result;
+    if (program.processId < 0) {
+        result.err = std::string("cannot start ") + OMBRO_HOST_PROGRAM;
         return result;
     }
     int status = 0;
-    waitpid(child, &status, 0);
+    waitpid(program.processId, &status, 0);
     if (WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
-    result.out = readWholeFile(outPath);
-    result.err = readWholeFile(errPath);
-    std::remove(outPath.c_str());
-    std::remove(errPath.c_str());
+    result.out = readWholeFile(program.outPath);
+    result.err = readWholeFile(program.errPath);
+    std::remove(program.outPath.c_str());
+    std::remove(program.errPath.c_str());
     return result;
+}
+
+ProgramResult runHostProgram(const std::vector<std::string>& arguments) {
+    return finishHostProgram(startHostProgram(arguments));
 }
 
 std::vector<std::string> linesStartingWith(const std::string& text, const std::string& prefix) {

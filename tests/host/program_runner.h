@@ -12,6 +12,16 @@ struct ProgramResult {
 
 ProgramResult runHostProgram(const std::vector<std::string>& arguments);
 
+// The program started and left running, for tests that deal with it while it runs.
+struct RunningProgram {
+    int processId = -1;  // -1 when it could not be started
+    std::string outPath;
+    std::string errPath;
+};
+RunningProgram startHostProgram(const std::vector<std::string>& arguments);
+// Waits for the program to end and collects what it wrote.
+ProgramResult finishHostProgram(const RunningProgram& program);
+
 // The lines of `text` that start with `prefix`.
 std::vector<std::string> linesStartingWith(const std::string& text, const std::string& prefix);
 

@@ -1,4 +1,5 @@
 // The standard controls and the notifications their parent receives.
+#include <string>
 #include <vector>
 
 #include "host/ui/combo_box.h"
@@ -188,6 +189,43 @@ TEST_F(Controls, ClickingATabNotifiesSelChangingThenSelChange) {
     clickTab(tabs, 1);  // the current tab again: nothing
     EXPECT_EQ(notifications().size(), 2u);
     EXPECT_FALSE(clickTab(tabs, 2));
+}
+
+// Forty tabs in a strip 260 pixels wide: two arrow buttons at the right end
+// of the header row scroll the headers one tab at a time, the current tab is
+// kept in view, and every tab can be reached and clicked.
+TEST_F(Controls, TabsThatDoNotFitScrollWithTwoArrowButtonsAndKeepTheCurrentTabInView) {
+    HWND tabs = item(kTabs);
+    for (int i = 0; i < 3; ++i) insertTab(tabs, i, std::to_string(i + 1).c_str());
+    EXPECT_EQ(tabScrollButtonRect(tabs, 1).right, 0);  // they fit: no arrows
+    for (int i = 3; i < 40; ++i) insertTab(tabs, i, std::to_string(i + 1).c_str());
+    const RECT left = tabScrollButtonRect(tabs, -1);
+    const RECT right = tabScrollButtonRect(tabs, 1);
+    ASSERT_GT(left.right, left.left);
+    EXPECT_EQ(left.right, right.left);
+    EXPECT_EQ(right.right, 260);
+    const auto shown = [&](int index) { return tabHeaderRect(tabs, index).right > 0; };
+    int lastShown = 0;
+    while (shown(lastShown + 1)) ++lastShown;
+    EXPECT_LE(tabHeaderRect(tabs, lastShown).right, left.left);
+    EXPECT_FALSE(shown(39));
+
+    clickAt(tabs, POINT{right.left + 8, 10});
+    EXPECT_FALSE(shown(0));
+    EXPECT_EQ(tabHeaderRect(tabs, 1).left, 2);
+    EXPECT_TRUE(notifications().empty());  // scrolling leaves the selection
+    clickAt(tabs, POINT{left.left + 8, 10});
+    EXPECT_TRUE(shown(0));
+
+    TabCtrl_SetCurSel(tabs, 39);
+    EXPECT_TRUE(shown(39));
+    EXPECT_FALSE(shown(0));
+    for (int index : {0, 20, 39, 5}) {
+        SCOPED_TRACE(index);
+        EXPECT_TRUE(clickTab(tabs, index));
+        EXPECT_EQ(TabCtrl_GetCurSel(tabs), index);
+        EXPECT_TRUE(shown(index));
+    }
 }
 
 TEST_F(Controls, FaderKeepsItsUnsignedRangePositionAndTexts) {

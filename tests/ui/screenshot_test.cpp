@@ -4,6 +4,7 @@
 #include <cairo.h>
 
 #include <filesystem>
+#include <vector>
 
 #include "host/raster/canvas.h"
 #include "host/ui/dialog_items.h"
@@ -24,7 +25,7 @@ constexpr uint32_t kFace = 0xFFF0F0F0u;
 constexpr uint32_t kWhite = 0xFFFFFFFFu;
 constexpr uint32_t kGreen = 0xFF00C000u;
 
-enum ControlId { kPush = 1, kOn, kOff, kTabs, kFader, kGraph, kEdit };
+enum ControlId { kPush = 1, kOn, kOff, kTabs, kFader, kGraph, kEdit, kUpright };
 
 const ControlRecord kControls[] = {
     {kMarkerButton, 0, 0, "Add band", kPush, 10, 10, 80, 24, 0},
@@ -33,6 +34,7 @@ const ControlRecord kControls[] = {
     {"Bands", kTabs, 0, "SysTabControl32", 0x10000, 10, 70, 200, 60, 0},
     {"", kFader, 0, "HARVINhfader", 0x10000, 10, 140, 210, 24, 0},
     {kMarkerEdit, 0, 0, "-6.0", kEdit, 230, 140, 50, 22, 0},
+    {"", kUpright, 0, "HARVINvfader", 0x10000, 282, 60, 16, 115, 0},
 };
 
 void createControls(HWND window, int32_t) {
@@ -76,6 +78,20 @@ protected:
                 if ((canvas.pixel(x, y) & 0xFF) < 0x80) return true;
         return false;
     }
+    // The rows of a vertical fader's picture where its knob face (white) shows.
+    static std::vector<int> knobFaceRows(const Canvas& canvas, HWND fader, POINT origin) {
+        std::vector<int> rows;
+        for (int y = 0; y < windowHeight(*fader); ++y)
+            if (canvas.pixel(origin.x + 3, origin.y + y) == kWhite) rows.push_back(y);
+        return rows;
+    }
+    static std::vector<uint32_t> pixelsOf(const Canvas& canvas, RECT rect, POINT origin) {
+        std::vector<uint32_t> pixels;
+        for (int y = rect.top; y < rect.bottom; ++y)
+            for (int x = rect.left; x < rect.right; ++x)
+                pixels.push_back(canvas.pixel(origin.x + x, origin.y + y));
+        return pixels;
+    }
     HWND dialog = nullptr;
     HWND graph = nullptr;
 };
@@ -106,6 +122,39 @@ TEST_F(Screenshots, DialogShowsItsControlsStatesAndTheShownSelfPaintedWindowsPix
     EXPECT_NE(picture->pixel(10 + knob.x + 40, 140 + knob.y), kWhite);
     ShowWindow(graph, SW_HIDE);  // hidden children are left out
     EXPECT_EQ(renderWindow(dialog)->pixel(240, 30), kFace);
+}
+
+// Name above the travel, value below it: the knob at either end of its
+// travel stops at the texts and leaves their pixels as they were.
+TEST_F(Screenshots, VerticalFaderKeepsItsNameAndValueClearOfTheKnobOverTheWholeTravel) {
+    HWND fader = GetDlgItem(dialog, kUpright);
+    const POINT origin{282, 60};
+    SendMessage(fader, FADER_SETTEXT, 1, reinterpret_cast<LPARAM>("Output gain"));
+    SendMessage(fader, FADER_SETTEXT, 2, reinterpret_cast<LPARAM>("-6.0"));
+    const RECT name = faderTextRect(fader, kFaderNameText);
+    const RECT value = faderTextRect(fader, kFaderValueText);
+    ASSERT_GT(name.bottom, 0);
+    ASSERT_LT(value.top, 115);
+    SendMessage(fader, TBM_SETPOS, 0, 1000);
+    auto atTop = renderWindow(dialog);
+    SendMessage(fader, TBM_SETPOS, 0, 0);
+    auto atBottom = renderWindow(dialog);
+    const std::vector<int> top = knobFaceRows(*atTop, fader, origin);
+    const std::vector<int> bottom = knobFaceRows(*atBottom, fader, origin);
+    ASSERT_FALSE(top.empty());
+    ASSERT_FALSE(bottom.empty());
+    EXPECT_EQ(top.front(), name.bottom + 1);  // just below the name's frame row
+    EXPECT_EQ(bottom.back(), value.top - 2);  // just above the value
+    for (const RECT& text : {name, value}) {
+        const RECT placed{origin.x + text.left, origin.y + text.top, origin.x + text.right,
+                          origin.y + text.bottom};
+        EXPECT_TRUE(hasDarkPixel(*atTop, placed));
+        EXPECT_EQ(pixelsOf(*atTop, text, origin), pixelsOf(*atBottom, text, origin));
+    }
+    SendMessage(fader, TBM_SETPOS, 0, 500);  // the knob in between: the travel is whole
+    const std::vector<int> middle = knobFaceRows(*renderWindow(dialog), fader, origin);
+    ASSERT_FALSE(middle.empty());
+    EXPECT_NEAR((middle.front() + middle.back()) / 2.0, (name.bottom + value.top) / 2.0, 1.0);
 }
 
 TEST_F(Screenshots, PngIsWrittenAndDecodesToTheWindowSize) {

@@ -1,0 +1,38 @@
+// Sound files for the program tests: written from a signal, read back, and
+// measured at one frequency.
+#pragma once
+
+#include <sndfile.h>
+
+#include <complex>
+#include <functional>
+#include <string>
+#include <vector>
+
+struct SoundContents {
+    SF_INFO info{};
+    std::vector<double> samples;  // interleaved
+};
+
+constexpr int kTestSampleRate = 44100;
+
+// Writes `frames` frames in `format` (container | subtype) to `path`; the
+// sample of each channel comes from `signal(frame, channel)`.
+void writeSound(const std::string& path, int channels, int format, int frames,
+                const std::function<double(int frame, int channel)>& signal);
+
+// A fresh temporary file holding a sine of `frequency` Hz and peak
+// `amplitude` on every channel.
+std::string writeTone(const std::string& name, int channels, int format, int frames,
+                      double frequency = 1000.0, double amplitude = 0.4);
+
+// Empty contents when the file cannot be read.
+SoundContents readSound(const std::string& path);
+
+// The complex amplitude of `channel` at `frequency` Hz over frames
+// [from, to): for an exact number of periods, a sine of peak A gives |A|/2.
+std::complex<double> componentAt(const SoundContents& sound, int channel, double frequency,
+                                 int from, int to);
+
+// 20·log10 of the ratio of two magnitudes.
+double decibels(double ratio);
