@@ -36,10 +36,12 @@ struct GroupLanes {
         row[2 * slot + 1] = right;
     }
 
+    // Slots whose band pointer is null stay zero (padding).
     void gather(EqBand* const* bands, int32_t count) {
         for (auto& row : rows)
             for (double& lane : row) lane = 0.0;
         for (int32_t slot = 0; slot < count; ++slot) {
+            if (!bands[slot]) continue;
             const EqBand& band = *bands[slot];
             const BiquadHistory &left = band.historyLeft, &right = band.historyRight;
             put(rows[B0], slot, band.b0, band.b0);
@@ -54,8 +56,21 @@ struct GroupLanes {
         }
     }
 
+    // Padding slots (null) now output 1.0 at every step whatever their input
+    // (with finite inputs): y = 0·x + 0·x1 + 0·x2 + 1·1 − 0·1, so they never
+    // look like values the flush would change.
+    void idleUnusedSlots(EqBand* const* bands) {
+        for (int32_t slot = 0; slot < kLanes / 2; ++slot)
+            if (!bands[slot]) {
+                put(rows[A1], slot, -1.0, -1.0);
+                put(rows[Y1], slot, 1.0, 1.0);
+                put(rows[Y2], slot, 1.0, 1.0);
+            }
+    }
+
     void scatter(EqBand* const* bands, int32_t count) const {
         for (int32_t slot = 0; slot < count; ++slot) {
+            if (!bands[slot]) continue;
             int32_t left = 2 * slot, right = left + 1;
             bands[slot]->historyLeft = {rows[X1][left], rows[X2][left], rows[Y1][left],
                                         rows[Y2][left]};
@@ -92,6 +107,37 @@ struct GroupLanes {
     }
 };
 
+// One band's history: gathered values back into its lanes of the registers
+// (restoreBand), or the registers' values into its lanes of the rows
+// (captureBand, which scatter then writes to the band).
+template <class Lanes, int32_t kRegisters>
+inline void restoreBand(const GroupLanes<Lanes, kRegisters>& lanes,
+                        GroupRegisters<Lanes, kRegisters>& g, int32_t slot) {
+    using L = GroupLanes<Lanes, kRegisters>;
+    const int32_t r = slot / Lanes::kBands, lane = r * Lanes::kWidth;
+    const typename Lanes::Mask band = Lanes::bandMask(slot % Lanes::kBands);
+    g.x1[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::X1][lane]), g.x1[r]);
+    g.x2[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::X2][lane]), g.x2[r]);
+    g.y1[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::Y1][lane]), g.y1[r]);
+    g.y2[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::Y2][lane]), g.y2[r]);
+}
+
+template <class Lanes, int32_t kRegisters>
+inline void captureBand(GroupLanes<Lanes, kRegisters>& lanes,
+                        const GroupRegisters<Lanes, kRegisters>& g, int32_t slot) {
+    using L = GroupLanes<Lanes, kRegisters>;
+    const int32_t r = slot / Lanes::kBands, lane = r * Lanes::kWidth;
+    const typename Lanes::Mask band = Lanes::bandMask(slot % Lanes::kBands);
+    auto keep = [&](int32_t row, typename Lanes::Vector value) {
+        double* at = &lanes.rows[row][lane];
+        Lanes::store(at, Lanes::select(band, value, Lanes::load(at)));
+    };
+    keep(L::X1, g.x1[r]);
+    keep(L::X2, g.x2[r]);
+    keep(L::Y1, g.y1[r]);
+    keep(L::Y2, g.y2[r]);
+}
+
 // b0·x + b1·x1 + b2·x2 − a1·y1 − a2·y2, summed in that order (not yet flushed).
 template <class Lanes>
 inline typename Lanes::Vector biquadSum(typename Lanes::Vector b0, typename Lanes::Vector b1,
@@ -126,20 +172,38 @@ inline void sumAll(const GroupRegisters<Lanes, kRegisters>& g,
                                 g.y1[r], g.y2[r]);
 }
 
+// Whether flushing would change any lane of y: exactly, unless the lanes
+// offer a quicker screen that may also answer yes for zeros.
+template <class Lanes, int32_t kRegisters>
+inline bool mayFlush(const typename Lanes::Vector (&y)[kRegisters]) {
+    if constexpr (requires { Lanes::template mayFlush<kRegisters>(y); }) {
+        return Lanes::template mayFlush<kRegisters>(y);
+    } else {
+        typename Lanes::Stray stray = Lanes::strayBits(y[0]);
+        OMBRO_UNROLL
+        for (int32_t r = 1; r < kRegisters; ++r)
+            stray = Lanes::either(stray, Lanes::strayBits(y[r]));
+        return Lanes::any(stray);
+    }
+}
+
+// y flushed where needed. The flush is a branch that is almost never taken,
+// which keeps it off the chain from one output to the next.
+template <class Lanes, int32_t kRegisters>
+inline void flushAll(typename Lanes::Vector (&y)[kRegisters]) {
+    if (mayFlush<Lanes, kRegisters>(y)) [[unlikely]] {
+        OMBRO_UNROLL
+        for (int32_t r = 0; r < kRegisters; ++r) y[r] = Lanes::flushTiny(y[r]);
+    }
+}
+
 // Every band takes its step: y (the sums) are flushed and shifted into the
-// history. The flush is a branch that is almost never taken, which keeps it
-// off the chain from one output to the next.
+// history.
 template <class Lanes, int32_t kRegisters>
 inline void advanceAll(GroupRegisters<Lanes, kRegisters>& g,
                        const typename Lanes::Vector (&x)[kRegisters],
                        typename Lanes::Vector (&y)[kRegisters]) {
-    typename Lanes::Stray stray = Lanes::strayBits(y[0]);
-    OMBRO_UNROLL
-    for (int32_t r = 1; r < kRegisters; ++r) stray = Lanes::either(stray, Lanes::strayBits(y[r]));
-    if (Lanes::any(stray)) [[unlikely]] {
-        OMBRO_UNROLL
-        for (int32_t r = 0; r < kRegisters; ++r) y[r] = Lanes::flushTiny(y[r]);
-    }
+    flushAll<Lanes, kRegisters>(y);
     OMBRO_UNROLL
     for (int32_t r = 0; r < kRegisters; ++r) {
         g.x2[r] = g.x1[r];

@@ -52,6 +52,10 @@ struct Avx2Lanes {
     static Vector select(Mask mask, Vector chosen, Vector otherwise) {
         return _mm256_blendv_pd(otherwise, chosen, mask);
     }
+    static Mask bandMask(int32_t band) {
+        __m256i lanesBand = _mm256_set_epi64x(1, 1, 0, 0);
+        return _mm256_castsi256_pd(_mm256_cmpeq_epi64(lanesBand, _mm256_set1_epi64x(band)));
+    }
 
     // [top band of below, bottom band of current]
     static Vector carryIn(Vector below, Vector current) {

@@ -3,74 +3,215 @@
 // so every band's next sample is ready when a step starts: one step advances
 // all bands of the group at once, and the wait for each band's previous
 // output (its y1) overlaps with the work of the others.
+//
+// Bands are dealt to the registers in turn (band k in register k mod R, slot
+// k / R), so a band's input, the output of the band before it two steps ago,
+// sits in the same slot of the register below: only the lowest register
+// needs a shuffle, which also brings in the block's next input sample.
+//
+// Every step runs all bands at full width. A band with no sample of the block
+// yet (at the start) or none left (at the end) runs on whatever reaches it,
+// and is set back to its own history just before its first step and copied
+// out just after its last, so each band ends exactly where the band-after-band
+// loop leaves it.
 #pragma once
 
 #include "engine/band_cascade_group.h"
-#include "engine/band_cascade_lagged_steps.h"
 #include "engine/band_cascade_runner.h"
 
 namespace band_cascade {
 
 constexpr int32_t kBandLag = 2;  // frames between neighbouring bands
 
-// One pass of up to kRegisters × kBands bands over a block; `in` may be `out`.
 template <class Lanes, int32_t kRegisters>
 class CascadePass {
 public:
     using Vector = typename Lanes::Vector;
+    using Registers = GroupRegisters<Lanes, kRegisters>;
+    static constexpr int32_t kSlots = kRegisters * Lanes::kBands;
 
     CascadePass(int32_t count, const double* inLeft, const double* inRight, double* outLeft,
                 double* outRight, int32_t frames)
-        : count_(count), steps_(count, inLeft, inRight, outLeft, outRight, frames) {}
+        : count_(count),
+          frames_(frames),
+          lastLag_(kBandLag * (count - 1)),
+          outRegister_((count - 1) % kRegisters),
+          outSlot_((count - 1) / kRegisters),
+          inLeft_(inLeft),
+          inRight_(inRight),
+          outLeft_(outLeft),
+          outRight_(outRight) {}
 
     void run(EqBand* const* bands) {
-        GroupLanes<Lanes, kRegisters> lanes;
-        lanes.gather(bands, count_);
-        GroupRegisters<Lanes, kRegisters> g;
-        lanes.loadInto(g);
-        int32_t step = 0;
-        for (; step < steps_.fullBegin(); ++step) steps_.maskedStep(g, step);
-        if (step < steps_.fullEnd()) {
-            runFullSteps(g, step, steps_.fullEnd());
-            step = steps_.fullEnd();
-            steps_.resumeAfterFullSteps(g, step);
-        }
-        for (; step < steps_.steps(); ++step) steps_.maskedStep(g, step);
-        lanes.storeFrom(g);
-        lanes.scatter(bands, count_);
+        EqBand* bySlot[kSlots] = {};
+        for (int32_t band = 0; band < count_; ++band) bySlot[slotOf(band)] = bands[band];
+        lanes_.gather(bySlot, kSlots);
+        lanes_.idleUnusedSlots(bySlot);
+        withOutputRegister([&](auto out) { runSteps<out.value>(); });
+        lanes_.scatter(bySlot, kSlots);
     }
 
 private:
-    // On a local copy of the registers, so that the compiler keeps them in registers.
-    void runFullSteps(GroupRegisters<Lanes, kRegisters>& shared, int32_t begin, int32_t end) {
-        GroupRegisters<Lanes, kRegisters> g = shared;
-        const typename LaggedSteps<Lanes, kRegisters, kBandLag>::Io io = steps_.io();
-        for (int32_t step = begin; step < end; ++step) fullStep(g, io, step);
-        shared = g;
+    static constexpr int32_t kRingSteps = 4;  // outputs each register keeps in the ring
+
+    int32_t slotOf(int32_t band) const {
+        return (band % kRegisters) * Lanes::kBands + band / kRegisters;
+    }
+    __m128d input(int32_t step) const { return loadStereo(inLeft_, inRight_, step); }
+    void output(int32_t step, Vector outRegister) const {
+        storeStereo(outLeft_, outRight_, step - lastLag_, Lanes::bandPair(outRegister, outSlot_));
     }
 
-    // Every band has a sample: the outputs of two steps ago are the y2 registers.
-    static void fullStep(GroupRegisters<Lanes, kRegisters>& g,
-                         const typename LaggedSteps<Lanes, kRegisters, kBandLag>::Io& io,
-                         int32_t step) {
-        Vector x[kRegisters], y[kRegisters];
-        x[0] = Lanes::carryInPair(io.input(step), g.y2[0]);
+    // kOut: the register that holds the last band.
+    template <int32_t kOut>
+    void runSteps() {
+        Registers g;
+        lanes_.loadInto(g);
+        const int32_t steps = frames_ + lastLag_;
+        const int32_t ringBegin = lastLag_ + kBandLag;  // every band's x history is a real one
+        int32_t step = 0;
+        for (; step < steps && step < ringBegin; ++step) edgeStep<kOut>(g, step);
+        if (step == ringBegin && step < frames_ - 1) {
+            // The first band finishes at frames − 1, an edge step.
+            const int32_t ringEnd = step + (frames_ - 1 - step) / kRingSteps * kRingSteps;
+            runRing<kOut>(g, step, ringEnd);
+            step = ringEnd;
+        }
+        for (; step < steps; ++step) edgeStep<kOut>(g, step);
+    }
+
+    // A step near either end of the block: bands start and finish here.
+    template <int32_t kOut>
+    void edgeStep(Registers& g, int32_t step) {
+        const int32_t starting = step / kBandLag;
+        if (step % kBandLag == 0 && starting > 0 && starting < count_)
+            restoreBand(lanes_, g, slotOf(starting));
+        if (step < frames_) lastInput_ = input(step);
+        Vector y[kRegisters];
+        plainStep(g, lastInput_, y);
+        if (step >= lastLag_) output(step, y[kOut]);
+        const int32_t finished = (step - (frames_ - 1)) / kBandLag;
+        if (step >= frames_ - 1 && (step - (frames_ - 1)) % kBandLag == 0 && finished < count_)
+            captureBand(lanes_, g, slotOf(finished));
+    }
+
+    // One step on the registers as they are named: x1, x2, y1, y2.
+    static void plainStep(Registers& g, __m128d input, Vector (&y)[kRegisters]) {
+        Vector x[kRegisters];
+        x[0] = Lanes::carryInPair(input, g.y2[kRegisters - 1]);
         OMBRO_UNROLL
-        for (int32_t r = 1; r < kRegisters; ++r) x[r] = Lanes::carryIn(g.y2[r - 1], g.y2[r]);
+        for (int32_t r = 1; r < kRegisters; ++r) x[r] = g.y2[r - 1];
         sumAll(g, x, y);
-        advanceAll(g, x, y);
-        io.output(step, y[kRegisters - 1]);
+        flushAll<Lanes, kRegisters>(y);
+        OMBRO_UNROLL
+        for (int32_t r = 0; r < kRegisters; ++r) {
+            g.x2[r] = g.x1[r];
+            g.x1[r] = x[r];
+            g.y2[r] = g.y1[r];
+            g.y1[r] = y[r];
+        }
     }
 
-    const int32_t count_;
-    LaggedSteps<Lanes, kRegisters, kBandLag> steps_;
+    // The history as a ring that is never shifted: each register's last
+    // kRingSteps outputs, where the register above finds its x1 and x2 too,
+    // and the lowest register's last two inputs.
+    struct Ring {
+        Vector b0[kRegisters], b1[kRegisters], b2[kRegisters], a1[kRegisters], a2[kRegisters];
+        Vector y[kRingSteps][kRegisters];  // y[i]: the outputs of step i mod kRingSteps
+        Vector x[2];                       // register 0's inputs, by step mod 2
+    };
+
+    // Runs steps [begin, end), a multiple of kRingSteps, all with input and
+    // output; slots of the ring count from `begin`.
+    template <int32_t kOut>
+    void runRing(Registers& g, int32_t begin, int32_t end) const {
+        Ring ring;
+        toRing(g, ring);
+        for (int32_t step = begin; step < end; step += kRingSteps) {
+            ringStep<0, kOut>(ring, step);
+            ringStep<1, kOut>(ring, step + 1);
+            ringStep<2, kOut>(ring, step + 2);
+            ringStep<3, kOut>(ring, step + 3);
+        }
+        fromRing(ring, g);
+    }
+
+    template <int32_t kPhase, int32_t kOut>
+    void ringStep(Ring& ring, int32_t step) const {
+        constexpr int32_t now = kPhase, last = (kPhase + 3) % 4, twoAgo = (kPhase + 2) % 4;
+        constexpr int32_t threeAgo = (kPhase + 1) % 4;
+        Vector x0 = Lanes::carryInPair(input(step), ring.y[twoAgo][kRegisters - 1]);
+        Vector y[kRegisters];
+        y[0] = biquadSum<Lanes>(ring.b0[0], ring.b1[0], ring.b2[0], ring.a1[0], ring.a2[0], x0,
+                                ring.x[(kPhase + 1) % 2], ring.x[kPhase % 2], ring.y[last][0],
+                                ring.y[twoAgo][0]);
+        OMBRO_UNROLL
+        for (int32_t r = 1; r < kRegisters; ++r)
+            y[r] = biquadSum<Lanes>(ring.b0[r], ring.b1[r], ring.b2[r], ring.a1[r], ring.a2[r],
+                                    ring.y[twoAgo][r - 1], ring.y[threeAgo][r - 1],
+                                    ring.y[now][r - 1], ring.y[last][r], ring.y[twoAgo][r]);
+        flushAll<Lanes, kRegisters>(y);
+        ring.x[kPhase % 2] = x0;
+        OMBRO_UNROLL
+        for (int32_t r = 0; r < kRegisters; ++r) ring.y[now][r] = y[r];
+        output(step, y[kOut]);
+    }
+
+    static void toRing(const Registers& g, Ring& ring) {
+        OMBRO_UNROLL
+        for (int32_t r = 0; r < kRegisters; ++r) {
+            ring.b0[r] = g.b0[r], ring.b1[r] = g.b1[r], ring.b2[r] = g.b2[r];
+            ring.a1[r] = g.a1[r], ring.a2[r] = g.a2[r];
+            ring.y[3][r] = g.y1[r];
+            ring.y[2][r] = g.y2[r];
+            // The register above took these outputs as its last two inputs.
+            ring.y[1][r] = r + 1 < kRegisters ? g.x1[r + 1] : g.y2[r];
+            ring.y[0][r] = r + 1 < kRegisters ? g.x2[r + 1] : g.y2[r];
+        }
+        ring.x[1] = g.x1[0];
+        ring.x[0] = g.x2[0];
+    }
+
+    static void fromRing(const Ring& ring, Registers& g) {
+        OMBRO_UNROLL
+        for (int32_t r = 0; r < kRegisters; ++r) {
+            g.y1[r] = ring.y[3][r];
+            g.y2[r] = ring.y[2][r];
+            g.x1[r] = r > 0 ? ring.y[1][r - 1] : ring.x[1];
+            g.x2[r] = r > 0 ? ring.y[0][r - 1] : ring.x[0];
+        }
+    }
+
+    // Calls run(std::integral_constant<int32_t, R>{}) for the register that
+    // holds the last band.
+    template <int32_t kCandidate = 0, typename Run>
+    void withOutputRegister(Run&& run) const {
+        if constexpr (kCandidate + 1 < kRegisters) {
+            if (outRegister_ != kCandidate)
+                return withOutputRegister<kCandidate + 1>(run);
+        }
+        run(std::integral_constant<int32_t, kCandidate>{});
+    }
+
+    const int32_t count_, frames_, lastLag_, outRegister_, outSlot_;
+    const double *inLeft_, *inRight_;
+    double *outLeft_, *outRight_;
+    __m128d lastInput_ = _mm_setzero_pd();
+    GroupLanes<Lanes, kRegisters> lanes_;
 };
 
-// Runs any number of steady bands in order over the block.
-template <class Lanes, int32_t kMaxRegisters>
+// Runs any number of steady bands in order over the block. Runs that fit one
+// register of Lanes go to the narrower FewLanes, two registers or more: with
+// a single register every step waits for the one before it.
+template <class Lanes, int32_t kMaxRegisters, class FewLanes = Lanes>
 void runSteadyCascade(EqBand* const* bands, int32_t count, const double* inLeft,
                       const double* inRight, double* outLeft, double* outRight, int32_t frames) {
     if (frames <= 0) return;
+    if constexpr (FewLanes::kBands < Lanes::kBands) {
+        if (count <= Lanes::kBands)
+            return runSteadyCascade<FewLanes, Lanes::kBands / FewLanes::kBands>(
+                bands, count, inLeft, inRight, outLeft, outRight, frames);
+    }
     inEvenPasses<Lanes, kMaxRegisters>(count, [&](int32_t first, int32_t take) {
         withRegistersFor<Lanes, kMaxRegisters>(take, [&](auto registers) {
             CascadePass<Lanes, registers.value>(take, inLeft, inRight, outLeft, outRight, frames)

@@ -36,7 +36,7 @@ bool instructionSetAvailable(InstructionSet set) {
         case InstructionSet::Avx2:
             return __builtin_cpu_supports("avx2");
         case InstructionSet::Avx512:
-            return __builtin_cpu_supports("avx512f");
+            return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq");
     }
     return false;
 }
