@@ -109,33 +109,42 @@ struct GroupLanes {
 
 // One band's history: gathered values back into its lanes of the registers
 // (restoreBand), or the registers' values into its lanes of the rows
-// (captureBand, which scatter then writes to the band).
+// (captureBand, which scatter then writes to the band). The register is
+// picked by a test per register, so that every index stays a constant and the
+// registers are never addressed in memory.
 template <class Lanes, int32_t kRegisters>
 inline void restoreBand(const GroupLanes<Lanes, kRegisters>& lanes,
                         GroupRegisters<Lanes, kRegisters>& g, int32_t slot) {
     using L = GroupLanes<Lanes, kRegisters>;
-    const int32_t r = slot / Lanes::kBands, lane = r * Lanes::kWidth;
     const typename Lanes::Mask band = Lanes::bandMask(slot % Lanes::kBands);
-    g.x1[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::X1][lane]), g.x1[r]);
-    g.x2[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::X2][lane]), g.x2[r]);
-    g.y1[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::Y1][lane]), g.y1[r]);
-    g.y2[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::Y2][lane]), g.y2[r]);
+    OMBRO_UNROLL
+    for (int32_t r = 0; r < kRegisters; ++r) {
+        if (r != slot / Lanes::kBands) continue;
+        const int32_t lane = r * Lanes::kWidth;
+        g.x1[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::X1][lane]), g.x1[r]);
+        g.x2[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::X2][lane]), g.x2[r]);
+        g.y1[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::Y1][lane]), g.y1[r]);
+        g.y2[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::Y2][lane]), g.y2[r]);
+    }
 }
 
 template <class Lanes, int32_t kRegisters>
 inline void captureBand(GroupLanes<Lanes, kRegisters>& lanes,
                         const GroupRegisters<Lanes, kRegisters>& g, int32_t slot) {
     using L = GroupLanes<Lanes, kRegisters>;
-    const int32_t r = slot / Lanes::kBands, lane = r * Lanes::kWidth;
     const typename Lanes::Mask band = Lanes::bandMask(slot % Lanes::kBands);
-    auto keep = [&](int32_t row, typename Lanes::Vector value) {
-        double* at = &lanes.rows[row][lane];
-        Lanes::store(at, Lanes::select(band, value, Lanes::load(at)));
-    };
-    keep(L::X1, g.x1[r]);
-    keep(L::X2, g.x2[r]);
-    keep(L::Y1, g.y1[r]);
-    keep(L::Y2, g.y2[r]);
+    OMBRO_UNROLL
+    for (int32_t r = 0; r < kRegisters; ++r) {
+        if (r != slot / Lanes::kBands) continue;
+        auto keep = [&](int32_t row, typename Lanes::Vector value) {
+            double* at = &lanes.rows[row][r * Lanes::kWidth];
+            Lanes::store(at, Lanes::select(band, value, Lanes::load(at)));
+        };
+        keep(L::X1, g.x1[r]);
+        keep(L::X2, g.x2[r]);
+        keep(L::Y1, g.y1[r]);
+        keep(L::Y2, g.y2[r]);
+    }
 }
 
 // b0·x + b1·x1 + b2·x2 − a1·y1 − a2·y2, summed in that order (not yet flushed).

@@ -39,9 +39,10 @@ struct Avx512Lanes {
     static Stray either(Stray a, Stray b) { return a | b; }
     static bool any(Stray lanes) { return lanes != 0; }
 
-    // A quick screen of several registers: yes when any lane is below 2^-54
-    // in magnitude (zeros included, which flushing leaves alone unless
-    // negative), infinite or NaN. The smallest magnitude comes from range
+    // Whether flushing may change a lane of these registers: a quick screen
+    // that answers yes when any lane is below 2^-54 in magnitude (zeros
+    // included), infinite or NaN, except when every lane is +0.0 (silence,
+    // which needs no flush). The smallest magnitude comes from range
     // operations, which pass over NaNs; their sum is infinite or NaN if any
     // lane is (or, harmlessly, if it overflows).
     template <int32_t kCount>
@@ -57,7 +58,17 @@ struct Avx512Lanes {
         __mmask8 special = _mm512_fpclass_pd_mask(sum, kNanOrInfinity);
         __mmask8 large = _mm512_cmp_pd_mask(smallest, _mm512_set1_pd(0x1p-54), _CMP_GE_OQ);
         __mmask8 kept = _kandn_mask8(special, large);
-        return !_kortestc_mask8_u8(kept, kept);
+        if (_kortestc_mask8_u8(kept, kept)) [[likely]]
+            return false;
+        return !allPositiveZero(y);
+    }
+
+    template <int32_t kCount>
+    static bool allPositiveZero(const Vector (&y)[kCount]) {
+        __m512i bits = _mm512_castpd_si512(y[0]);
+        for (int32_t r = 1; r < kCount; ++r)
+            bits = _mm512_or_si512(bits, _mm512_castpd_si512(y[r]));
+        return _mm512_test_epi64_mask(bits, bits) == 0;
     }
 
     static Mask bandMask(int32_t band) { return static_cast<Mask>(3u << (2 * band)); }

@@ -69,20 +69,28 @@ private:
         lanes_.loadInto(g);
         const int32_t steps = frames_ + lastLag_;
         const int32_t ringBegin = lastLag_ + kBandLag;  // every band's x history is a real one
-        int32_t step = 0;
-        for (; step < steps && step < ringBegin; ++step) edgeStep<kOut>(g, step);
+        int32_t step = ringBegin < steps ? ringBegin : steps;
+        runEdge<kOut>(g, 0, step);
         if (step == ringBegin && step < frames_ - 1) {
             // The first band finishes at frames − 1, an edge step.
             const int32_t ringEnd = step + (frames_ - 1 - step) / kRingSteps * kRingSteps;
             runRing<kOut>(g, step, ringEnd);
             step = ringEnd;
         }
-        for (; step < steps; ++step) edgeStep<kOut>(g, step);
+        runEdge<kOut>(g, step, steps);
+    }
+
+    // On a local copy of the registers, so that the compiler keeps them in registers.
+    template <int32_t kOut>
+    void runEdge(Registers& shared, int32_t begin, int32_t end) {
+        Registers g = shared;
+        for (int32_t step = begin; step < end; ++step) edgeStep<kOut>(g, step);
+        shared = g;
     }
 
     // A step near either end of the block: bands start and finish here.
     template <int32_t kOut>
-    void edgeStep(Registers& g, int32_t step) {
+    [[gnu::always_inline]] void edgeStep(Registers& g, int32_t step) {
         const int32_t starting = step / kBandLag;
         if (step % kBandLag == 0 && starting > 0 && starting < count_)
             restoreBand(lanes_, g, slotOf(starting));
