@@ -44,6 +44,22 @@ struct Avx2Lanes {
     static Stray either(Stray a, Stray b) { return _mm256_or_si256(a, b); }
     static bool any(Stray bits) { return !_mm256_testz_si256(bits, bits); }
 
+    // Whether flushing may change a lane of these registers: yes when any
+    // lane would be flushed, except when every lane is +0.0 (silence, which
+    // flushing leaves as it is).
+    template <int32_t kCount>
+    static bool mayFlush(const Vector (&y)[kCount]) {
+        __m256i lanes = flushed(y[0]);
+        __m256i bits = _mm256_castpd_si256(y[0]);
+        for (int32_t r = 1; r < kCount; ++r) {
+            lanes = _mm256_or_si256(lanes, flushed(y[r]));
+            bits = _mm256_or_si256(bits, _mm256_castpd_si256(y[r]));
+        }
+        if (_mm256_testz_si256(lanes, lanes)) [[likely]]
+            return false;
+        return !_mm256_testz_si256(bits, bits);
+    }
+
     static Mask activeAt(Vector firstStep, Vector endStep, double step) {
         Vector now = _mm256_set1_pd(step);
         return _mm256_and_pd(_mm256_cmp_pd(firstStep, now, _CMP_LE_OQ),

@@ -148,16 +148,20 @@ private:
     void ringStep(Ring& ring, int32_t step) const {
         constexpr int32_t now = kPhase, last = (kPhase + 3) % 4, twoAgo = (kPhase + 2) % 4;
         constexpr int32_t threeAgo = (kPhase + 1) % 4;
-        Vector x0 = Lanes::carryInPair(input(step), ring.y[twoAgo][kRegisters - 1]);
+        // Each sum reads only earlier steps' outputs, so the order is free:
+        // top register first and the lowest, which waits for the shuffle
+        // that brings in the input, last keeps the products from crowding
+        // out the sums on processors that multiply and add on shared ports.
         Vector y[kRegisters];
-        y[0] = biquadSum<Lanes>(ring.b0[0], ring.b1[0], ring.b2[0], ring.a1[0], ring.a2[0], x0,
-                                ring.x[(kPhase + 1) % 2], ring.x[kPhase % 2], ring.y[last][0],
-                                ring.y[twoAgo][0]);
         OMBRO_UNROLL
-        for (int32_t r = 1; r < kRegisters; ++r)
+        for (int32_t r = kRegisters - 1; r >= 1; --r)
             y[r] = biquadSum<Lanes>(ring.b0[r], ring.b1[r], ring.b2[r], ring.a1[r], ring.a2[r],
                                     ring.y[twoAgo][r - 1], ring.y[threeAgo][r - 1],
                                     ring.y[now][r - 1], ring.y[last][r], ring.y[twoAgo][r]);
+        Vector x0 = Lanes::carryInPair(input(step), ring.y[twoAgo][kRegisters - 1]);
+        y[0] = biquadSum<Lanes>(ring.b0[0], ring.b1[0], ring.b2[0], ring.a1[0], ring.a2[0], x0,
+                                ring.x[(kPhase + 1) % 2], ring.x[kPhase % 2], ring.y[last][0],
+                                ring.y[twoAgo][0]);
         flushAll<Lanes, kRegisters>(y);
         ring.x[kPhase % 2] = x0;
         OMBRO_UNROLL
