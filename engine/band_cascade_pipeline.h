@@ -47,23 +47,33 @@ public:
         for (int32_t band = 0; band < count_; ++band) bySlot[slotOf(band)] = bands[band];
         lanes_.gather(bySlot, kSlots);
         lanes_.idleUnusedSlots(bySlot);
-        withOutputRegister([&](auto out) { runSteps<out.value>(); });
+        withOutputRegister([&](auto out) {
+            constexpr int32_t kTopSlot = Lanes::kBands - 1;
+            if (kTopSlot == 0 || outSlot_ == kTopSlot)  // every register full, the usual case
+                runSteps<out.value, kTopSlot>();
+            else
+                runSteps<out.value, kAnySlot>();
+        });
         lanes_.scatter(bySlot, kSlots);
     }
 
 private:
     static constexpr int32_t kRingSteps = 4;  // outputs each register keeps in the ring
+    static constexpr int32_t kAnySlot = -1;   // the last band's slot known only at run time
 
     int32_t slotOf(int32_t band) const {
         return (band % kRegisters) * Lanes::kBands + band / kRegisters;
     }
     __m128d input(int32_t step) const { return loadStereo(inLeft_, inRight_, step); }
+    // kSlot: the last band's slot in its register, or kAnySlot.
+    template <int32_t kSlot>
     void output(int32_t step, Vector outRegister) const {
-        storeStereo(outLeft_, outRight_, step - lastLag_, Lanes::bandPair(outRegister, outSlot_));
+        const int32_t slot = kSlot == kAnySlot ? outSlot_ : kSlot;
+        storeStereo(outLeft_, outRight_, step - lastLag_, Lanes::bandPair(outRegister, slot));
     }
 
-    // kOut: the register that holds the last band.
-    template <int32_t kOut>
+    // kOut: the register that holds the last band; kSlot: its slot there.
+    template <int32_t kOut, int32_t kSlot>
     void runSteps() {
         Registers g;
         lanes_.loadInto(g);
@@ -74,7 +84,7 @@ private:
         if (step == ringBegin && step < frames_ - 1) {
             // The first band finishes at frames − 1, an edge step.
             const int32_t ringEnd = step + (frames_ - 1 - step) / kRingSteps * kRingSteps;
-            runRing<kOut>(g, step, ringEnd);
+            runRing<kOut, kSlot>(g, step, ringEnd);
             step = ringEnd;
         }
         runEdge<kOut>(g, step, steps);
@@ -97,7 +107,7 @@ private:
         if (step < frames_) lastInput_ = input(step);
         Vector y[kRegisters];
         plainStep(g, lastInput_, y);
-        if (step >= lastLag_) output(step, y[kOut]);
+        if (step >= lastLag_) output<kAnySlot>(step, y[kOut]);
         const int32_t finished = (step - (frames_ - 1)) / kBandLag;
         if (step >= frames_ - 1 && (step - (frames_ - 1)) % kBandLag == 0 && finished < count_)
             captureBand(lanes_, g, slotOf(finished));
@@ -110,14 +120,7 @@ private:
         OMBRO_UNROLL
         for (int32_t r = 1; r < kRegisters; ++r) x[r] = g.y2[r - 1];
         sumAll(g, x, y);
-        flushAll<Lanes, kRegisters>(y);
-        OMBRO_UNROLL
-        for (int32_t r = 0; r < kRegisters; ++r) {
-            g.x2[r] = g.x1[r];
-            g.x1[r] = x[r];
-            g.y2[r] = g.y1[r];
-            g.y1[r] = y[r];
-        }
+        advanceAll(g, x, y);
     }
 
     // The history as a ring that is never shifted: each register's last
@@ -131,20 +134,20 @@ private:
 
     // Runs steps [begin, end), a multiple of kRingSteps, all with input and
     // output; slots of the ring count from `begin`.
-    template <int32_t kOut>
+    template <int32_t kOut, int32_t kSlot>
     void runRing(Registers& g, int32_t begin, int32_t end) const {
         Ring ring;
         toRing(g, ring);
         for (int32_t step = begin; step < end; step += kRingSteps) {
-            ringStep<0, kOut>(ring, step);
-            ringStep<1, kOut>(ring, step + 1);
-            ringStep<2, kOut>(ring, step + 2);
-            ringStep<3, kOut>(ring, step + 3);
+            ringStep<0, kOut, kSlot>(ring, step);
+            ringStep<1, kOut, kSlot>(ring, step + 1);
+            ringStep<2, kOut, kSlot>(ring, step + 2);
+            ringStep<3, kOut, kSlot>(ring, step + 3);
         }
         fromRing(ring, g);
     }
 
-    template <int32_t kPhase, int32_t kOut>
+    template <int32_t kPhase, int32_t kOut, int32_t kSlot>
     void ringStep(Ring& ring, int32_t step) const {
         constexpr int32_t now = kPhase, last = (kPhase + 3) % 4, twoAgo = (kPhase + 2) % 4;
         constexpr int32_t threeAgo = (kPhase + 1) % 4;
@@ -166,7 +169,7 @@ private:
         ring.x[kPhase % 2] = x0;
         OMBRO_UNROLL
         for (int32_t r = 0; r < kRegisters; ++r) ring.y[now][r] = y[r];
-        output(step, y[kOut]);
+        output<kSlot>(step, y[kOut]);
     }
 
     static void toRing(const Registers& g, Ring& ring) {
@@ -195,8 +198,9 @@ private:
     }
 
     // Calls run(std::integral_constant<int32_t, R>{}) for the register that
-    // holds the last band.
-    template <int32_t kCandidate = 0, typename Run>
+    // holds the last band. With one band per register a pass has as many
+    // bands as registers, so the last one is always in the top register.
+    template <int32_t kCandidate = Lanes::kBands == 1 ? kRegisters - 1 : 0, typename Run>
     void withOutputRegister(Run&& run) const {
         if constexpr (kCandidate + 1 < kRegisters) {
             if (outRegister_ != kCandidate)
