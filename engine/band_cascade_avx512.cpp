@@ -17,6 +17,6 @@ OMBRO_BEGIN_TARGET("avx512f,avx512dq")
 #include "engine/band_cascade_lanes_avx512.h"
 #include "engine/band_cascade_pipeline.h"
 
-OMBRO_DEFINE_CASCADES(Avx512, Avx512Lanes, 4, Avx2Lanes)
+OMBRO_DEFINE_CASCADES(Avx512, Avx512Lanes, 4, Avx512HalfLanes)
 OMBRO_END_TARGET()
 #pragma GCC diagnostic pop

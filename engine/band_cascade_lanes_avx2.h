@@ -1,13 +1,18 @@
 // Lane operations on 256-bit registers (AVX2): two bands per register, each
 // as a left/right lane pair. Include only where the functions are compiled
-// for AVX2.
+// for AVX2 or a wider set.
 #pragma once
 
 #include <immintrin.h>
 
 #include <cstdint>
 
-struct Avx2Lanes {
+// `Kernels` names the instruction set whose kernels use the lanes. Every set
+// compiles its own copy of the code built on them, and distinct types keep
+// those copies apart when linking: a copy compiled for AVX-512 must never
+// stand in for the AVX2 kernels' own.
+template <class Kernels>
+struct Avx2LanesFor {
     using Vector = __m256d;
     using Mask = __m256d;
     static constexpr int32_t kWidth = 4;
@@ -84,3 +89,8 @@ struct Avx2Lanes {
         return band == 0 ? _mm256_castpd256_pd128(value) : _mm256_extractf128_pd(value, 1);
     }
 };
+
+struct Avx2Kernels;
+struct Avx512Kernels;
+using Avx2Lanes = Avx2LanesFor<Avx2Kernels>;
+using Avx512HalfLanes = Avx2LanesFor<Avx512Kernels>;  // short runs in the AVX-512 kernels
