@@ -19,11 +19,11 @@ FLAGS = ["-O3", "-DNDEBUG", "-ffp-contract=off", "-std=c++20", f"-I{ROOT}"]
 RING_STEPS = 4  # steps in one turn of the loop
 MULTIPLIES_PER_BAND = 5
 
-# (kernel source, lane type, bands per register, register counts, targets)
+# (kernel source, lane type, its mangled name, bands per register, register counts, targets)
 CASES = [
-    ("band_cascade_avx512.cpp", "Avx512Lanes", 4, [4, 2],
+    ("band_cascade_avx512.cpp", "Avx512Lanes", "11Avx512Lanes", 4, [4, 2],
      ["icelake-server", "sapphirerapids", "znver4"]),
-    ("band_cascade_avx2.cpp", "Avx2Lanes", 2, [2],
+    ("band_cascade_avx2.cpp", "Avx2Lanes", "12Avx2LanesForI11Avx2KernelsE", 2, [2],
      ["haswell", "skylake", "znver2"]),
 ]
 
@@ -49,12 +49,17 @@ def functions(listing):
     return found
 
 
-def ring_loop(listing, lanes, registers):
-    """The smallest backward-branch loop in the pass's ring function with four steps' multiplies."""
+def ring_loop(listing, mangled, registers, per_register):
+    """The loop of four steps in the ring function of a pass with every register full.
+
+    There the last band is in the top slot of the top register: runRing<R - 1, B - 1>.
+    """
     wanted = RING_STEPS * MULTIPLIES_PER_BAND * registers
+    ring = (f"CascadePassI{mangled}Li{registers}EE7runRing"
+            f"ILi{registers - 1}ELi{per_register - 1}E")
     best = None
     for name, code in functions(listing).items():
-        if f"CascadePassI{len(lanes)}{lanes}Li{registers}EE7runRing" not in name:
+        if ring not in name:
             continue
         for address, op, args in code:
             target = re.match(r"([0-9a-f]+)", args)
@@ -65,7 +70,7 @@ def ring_loop(listing, lanes, registers):
             if multiplies == wanted and (best is None or len(body) < len(best)):
                 best = body
     if best is None:
-        raise SystemExit(f"no {registers}-register loop found for {lanes}")
+        raise SystemExit(f"no {registers}-register loop found in {ring}")
     return "\n".join(f"{op} {re.sub(r'<[^>]*>|#.*', '', args)}".strip()
                      for _, op, args in best if not op.startswith("j")) + "\n"
 
@@ -87,10 +92,10 @@ def main():
     release = re.search(r"version (\S+)", version).group(1)
     print(f"modelled with {args.mca} ({release}): cycles per step, and per band and stereo frame")
     with tempfile.TemporaryDirectory() as tmp:
-        for source, lanes, per_register, register_counts, targets in CASES:
+        for source, lanes, mangled, per_register, register_counts, targets in CASES:
             listing = disassemble(source, pathlib.Path(tmp), args.compiler)
             for registers in register_counts:
-                loop = ring_loop(listing, lanes, registers)
+                loop = ring_loop(listing, mangled, registers, per_register)
                 bands = registers * per_register
                 for cpu in targets:
                     turn = cycles_per_turn(args.mca, cpu, loop)
