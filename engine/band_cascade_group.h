@@ -58,11 +58,13 @@ struct GroupLanes {
 
     // Padding slots (null) now output 1.0 at every step whatever their input
     // (with finite inputs): y = 0·x + 0·x1 + 0·x2 + 1·1 − 0·1, so they never
-    // look like values the flush would change.
+    // look like values the flush would change. Coefficients loaded later
+    // must keep kIdleA1 in the slot.
+    static constexpr double kIdleA1 = -1.0;
     void idleUnusedSlots(EqBand* const* bands) {
         for (int32_t slot = 0; slot < kLanes / 2; ++slot)
             if (!bands[slot]) {
-                put(rows[A1], slot, -1.0, -1.0);
+                put(rows[A1], slot, kIdleA1, kIdleA1);
                 put(rows[Y1], slot, 1.0, 1.0);
                 put(rows[Y2], slot, 1.0, 1.0);
             }
