@@ -104,6 +104,8 @@ private:
         const int32_t starting = step / kBandLag;
         if (step % kBandLag == 0 && starting > 0 && starting < count_)
             restoreBand(lanes_, g, slotOf(starting));
+        // Past the block's end the first band keeps getting its last input:
+        // any finite value would do, and a real one keeps the flush screen quiet.
         if (step < frames_) lastInput_ = input(step);
         Vector y[kRegisters];
         plainStep(g, lastInput_, y);
