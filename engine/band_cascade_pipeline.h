@@ -16,6 +16,7 @@
 // loop leaves it.
 #pragma once
 
+#include "engine/band_cascade.h"
 #include "engine/band_cascade_group.h"
 #include "engine/band_cascade_runner.h"
 
@@ -219,14 +220,14 @@ private:
 };
 
 // Runs any number of steady bands in order over the block. Runs that fit one
-// register of Lanes go to the narrower FewLanes, two registers or more: with
-// a single register every step waits for the one before it.
+// register of Lanes may go to the narrower FewLanes, two registers or more
+// (see ShortRunShape).
 template <class Lanes, int32_t kMaxRegisters, class FewLanes = Lanes>
 void runSteadyCascade(EqBand* const* bands, int32_t count, const double* inLeft,
                       const double* inRight, double* outLeft, double* outRight, int32_t frames) {
     if (frames <= 0) return;
     if constexpr (FewLanes::kBands < Lanes::kBands) {
-        if (count <= Lanes::kBands)
+        if (count <= Lanes::kBands && shortRunShape() == ShortRunShape::TwoNarrowRegisters)
             return runSteadyCascade<FewLanes, Lanes::kBands / FewLanes::kBands>(
                 bands, count, inLeft, inRight, outLeft, outRight, frames);
     }
