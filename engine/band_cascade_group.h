@@ -183,26 +183,34 @@ inline void sumAll(const GroupRegisters<Lanes, kRegisters>& g,
                                 g.y1[r], g.y2[r]);
 }
 
-// Whether flushing would change any lane of y: exactly, unless the lanes
-// offer a quicker screen that may also answer yes for zeros.
+// Whether flushing would change any lane of y, lane by lane.
 template <class Lanes, int32_t kRegisters>
-inline bool mayFlush(const typename Lanes::Vector (&y)[kRegisters]) {
-    if constexpr (requires { Lanes::template mayFlush<kRegisters>(y); }) {
-        return Lanes::template mayFlush<kRegisters>(y);
-    } else {
-        typename Lanes::Stray stray = Lanes::strayBits(y[0]);
-        OMBRO_UNROLL
-        for (int32_t r = 1; r < kRegisters; ++r)
-            stray = Lanes::either(stray, Lanes::strayBits(y[r]));
-        return Lanes::any(stray);
+[[gnu::always_inline]] inline bool anyStray(const typename Lanes::Vector (&y)[kRegisters]) {
+    typename Lanes::Stray stray = Lanes::strayBits(y[0]);
+    OMBRO_UNROLL
+    for (int32_t r = 1; r < kRegisters; ++r) stray = Lanes::either(stray, Lanes::strayBits(y[r]));
+    return Lanes::any(stray);
+}
+
+// Whether flushing would change any lane of y. Lanes that offer a quicker
+// screen (which also answers yes for zeros) are tested lane by lane only when
+// it answers yes and not every lane is +0.0 (silence): a flush that changes
+// nothing would put its own latency on the chain from one output to the next.
+template <class Lanes, int32_t kRegisters>
+[[gnu::always_inline]] inline bool flushChangesSome(const typename Lanes::Vector (&y)[kRegisters]) {
+    if constexpr (requires { Lanes::template maySmallOrSpecial<kRegisters>(y); }) {
+        if (!Lanes::template maySmallOrSpecial<kRegisters>(y)) [[likely]]
+            return false;
+        if (Lanes::template allPositiveZero<kRegisters>(y)) return false;
     }
+    return anyStray<Lanes, kRegisters>(y);
 }
 
 // y flushed where needed. The flush is a branch that is almost never taken,
 // which keeps it off the chain from one output to the next.
 template <class Lanes, int32_t kRegisters>
-inline void flushAll(typename Lanes::Vector (&y)[kRegisters]) {
-    if (mayFlush<Lanes, kRegisters>(y)) [[unlikely]] {
+[[gnu::always_inline]] inline void flushAll(typename Lanes::Vector (&y)[kRegisters]) {
+    if (flushChangesSome<Lanes, kRegisters>(y)) [[unlikely]] {
         OMBRO_UNROLL
         for (int32_t r = 0; r < kRegisters; ++r) y[r] = Lanes::flushTiny(y[r]);
     }

@@ -49,20 +49,21 @@ struct Avx2LanesFor {
     static Stray either(Stray a, Stray b) { return _mm256_or_si256(a, b); }
     static bool any(Stray bits) { return !_mm256_testz_si256(bits, bits); }
 
-    // Whether flushing may change a lane of these registers: yes when any
-    // lane would be flushed, except when every lane is +0.0 (silence, which
-    // flushing leaves as it is).
+    // A quick screen of several registers: yes when any lane would be
+    // flushed, zeros included.
     template <int32_t kCount>
-    static bool mayFlush(const Vector (&y)[kCount]) {
+    static bool maySmallOrSpecial(const Vector (&y)[kCount]) {
         __m256i lanes = flushed(y[0]);
+        for (int32_t r = 1; r < kCount; ++r) lanes = _mm256_or_si256(lanes, flushed(y[r]));
+        return !_mm256_testz_si256(lanes, lanes);
+    }
+
+    template <int32_t kCount>
+    static bool allPositiveZero(const Vector (&y)[kCount]) {
         __m256i bits = _mm256_castpd_si256(y[0]);
-        for (int32_t r = 1; r < kCount; ++r) {
-            lanes = _mm256_or_si256(lanes, flushed(y[r]));
+        for (int32_t r = 1; r < kCount; ++r)
             bits = _mm256_or_si256(bits, _mm256_castpd_si256(y[r]));
-        }
-        if (_mm256_testz_si256(lanes, lanes)) [[likely]]
-            return false;
-        return !_mm256_testz_si256(bits, bits);
+        return _mm256_testz_si256(bits, bits);
     }
 
     static Mask activeAt(Vector firstStep, Vector endStep, double step) {

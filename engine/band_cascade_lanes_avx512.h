@@ -39,14 +39,12 @@ struct Avx512Lanes {
     static Stray either(Stray a, Stray b) { return a | b; }
     static bool any(Stray lanes) { return lanes != 0; }
 
-    // Whether flushing may change a lane of these registers: a quick screen
-    // that answers yes when any lane is below 2^-54 in magnitude (zeros
-    // included), infinite or NaN, except when every lane is +0.0 (silence,
-    // which needs no flush). The smallest magnitude comes from range
-    // operations, which pass over NaNs; their sum is infinite or NaN if any
-    // lane is (or, harmlessly, if it overflows).
+    // A quick screen of several registers: yes when any lane is below 2^-54
+    // in magnitude (zeros included), infinite or NaN. The smallest magnitude
+    // comes from range operations, which pass over NaNs; their sum is
+    // infinite or NaN if any lane is (or, harmlessly, if it overflows).
     template <int32_t kCount>
-    static bool mayFlush(const Vector (&y)[kCount]) {
+    static bool maySmallOrSpecial(const Vector (&y)[kCount]) {
         constexpr int kSmallestMagnitude = 0b1010;  // the smaller |a|, |b|, sign cleared
         Vector smallest = _mm512_range_pd(y[0], y[kCount > 1 ? 1 : 0], kSmallestMagnitude);
         Vector sum = kCount > 1 ? _mm512_add_pd(y[0], y[1]) : y[0];
@@ -58,9 +56,7 @@ struct Avx512Lanes {
         __mmask8 special = _mm512_fpclass_pd_mask(sum, kNanOrInfinity);
         __mmask8 large = _mm512_cmp_pd_mask(smallest, _mm512_set1_pd(0x1p-54), _CMP_GE_OQ);
         __mmask8 kept = _kandn_mask8(special, large);
-        if (_kortestc_mask8_u8(kept, kept)) [[likely]]
-            return false;
-        return !allPositiveZero(y);
+        return !_kortestc_mask8_u8(kept, kept);
     }
 
     template <int32_t kCount>
