@@ -10,6 +10,7 @@
 #pragma GCC diagnostic push
 #if !defined(__clang__)
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#pragma GCC diagnostic ignored "-Wuninitialized"
 #endif
 OMBRO_BEGIN_TARGET("avx512f,avx512dq")
 #include "engine/band_cascade_glide_pipeline.h"
