@@ -192,37 +192,49 @@ template <class Lanes, int32_t kRegisters>
     return Lanes::any(stray);
 }
 
-// Whether flushing would change any lane of y. Lanes that offer a quicker
-// screen (which also answers yes for zeros) are tested lane by lane only when
-// it answers yes and not every lane is +0.0 (silence): a flush that changes
-// nothing would put its own latency on the chain from one output to the next.
+// Lanes with a quick screen of several registers, which may also answer yes
+// for zeros.
 template <class Lanes, int32_t kRegisters>
-[[gnu::always_inline]] inline bool flushChangesSome(const typename Lanes::Vector (&y)[kRegisters]) {
-    if constexpr (requires { Lanes::template maySmallOrSpecial<kRegisters>(y); }) {
-        if (!Lanes::template maySmallOrSpecial<kRegisters>(y)) [[likely]]
-            return false;
-        if (Lanes::template allPositiveZero<kRegisters>(y)) return false;
-    }
-    return anyStray<Lanes, kRegisters>(y);
-}
+concept QuickScreen = requires(const typename Lanes::Vector (&y)[kRegisters]) {
+    Lanes::template maySmallOrSpecial<kRegisters>(y);
+};
 
-// y flushed where needed. The flush is a branch that is almost never taken,
-// which keeps it off the chain from one output to the next.
+// y flushed where flushing changes a lane, decided lane by lane. The flush is
+// a branch that is almost never taken, which keeps it off the chain from one
+// output to the next.
 template <class Lanes, int32_t kRegisters>
-[[gnu::always_inline]] inline void flushAll(typename Lanes::Vector (&y)[kRegisters]) {
-    if (flushChangesSome<Lanes, kRegisters>(y)) [[unlikely]] {
+[[gnu::always_inline]] inline void flushExactly(typename Lanes::Vector (&y)[kRegisters]) {
+    if (anyStray<Lanes, kRegisters>(y)) [[unlikely]] {
         OMBRO_UNROLL
         for (int32_t r = 0; r < kRegisters; ++r) y[r] = Lanes::flushTiny(y[r]);
     }
 }
 
-// Every band takes its step: y (the sums) are flushed and shifted into the
-// history.
+// y flushed where needed, after the quick screen where the lanes have one:
+// only when it answers yes and not every lane is +0.0 (silence) is y tested
+// lane by lane (a flush that changes nothing would still lengthen the chain).
+// True when that test was needed.
 template <class Lanes, int32_t kRegisters>
-inline void advanceAll(GroupRegisters<Lanes, kRegisters>& g,
+[[gnu::always_inline]] inline bool flushAll(typename Lanes::Vector (&y)[kRegisters]) {
+    if constexpr (QuickScreen<Lanes, kRegisters>) {
+        if (!Lanes::template maySmallOrSpecial<kRegisters>(y)) [[likely]]
+            return false;
+        if (Lanes::template allPositiveZero<kRegisters>(y)) return false;
+        flushExactly<Lanes, kRegisters>(y);
+        return true;
+    } else {
+        flushExactly<Lanes, kRegisters>(y);
+        return false;
+    }
+}
+
+// Every band takes its step: y (the sums) are flushed and shifted into the
+// history. Returns flushAll's answer.
+template <class Lanes, int32_t kRegisters>
+inline bool advanceAll(GroupRegisters<Lanes, kRegisters>& g,
                        const typename Lanes::Vector (&x)[kRegisters],
                        typename Lanes::Vector (&y)[kRegisters]) {
-    flushAll<Lanes, kRegisters>(y);
+    const bool tested = flushAll<Lanes, kRegisters>(y);
     OMBRO_UNROLL
     for (int32_t r = 0; r < kRegisters; ++r) {
         g.x2[r] = g.x1[r];
@@ -230,6 +242,7 @@ inline void advanceAll(GroupRegisters<Lanes, kRegisters>& g,
         g.y2[r] = g.y1[r];
         g.y1[r] = y[r];
     }
+    return tested;
 }
 
 }  // namespace band_cascade

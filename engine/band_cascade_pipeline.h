@@ -61,6 +61,8 @@ public:
 private:
     static constexpr int32_t kRingSteps = 4;  // outputs each register keeps in the ring
     static constexpr int32_t kAnySlot = -1;   // the last band's slot known only at run time
+    static constexpr int32_t kChunkSteps = 64;  // steps between choices of flush test
+    static constexpr int32_t kExactChunks = 7;  // chunks without the screen once it misleads
 
     int32_t slotOf(int32_t band) const {
         return (band % kRegisters) * Lanes::kBands + band / kRegisters;
@@ -81,27 +83,30 @@ private:
         const int32_t steps = frames_ + lastLag_;
         const int32_t ringBegin = lastLag_ + kBandLag;  // every band's x history is a real one
         int32_t step = ringBegin < steps ? ringBegin : steps;
-        runEdge<kOut>(g, 0, step);
+        const int32_t tested = runEdge<kOut>(g, 0, step);
         if (step == ringBegin && step < frames_ - 1) {
             // The first band finishes at frames − 1, an edge step.
             const int32_t ringEnd = step + (frames_ - 1 - step) / kRingSteps * kRingSteps;
-            runRing<kOut, kSlot>(g, step, ringEnd);
+            runRing<kOut, kSlot>(g, step, ringEnd, tested > step / 8);
             step = ringEnd;
         }
         runEdge<kOut>(g, step, steps);
     }
 
-    // On a local copy of the registers, so that the compiler keeps them in registers.
+    // On a local copy of the registers, so that the compiler keeps them in
+    // registers. Returns at how many steps the flush needed the lane-by-lane test.
     template <int32_t kOut>
-    void runEdge(Registers& shared, int32_t begin, int32_t end) {
+    int32_t runEdge(Registers& shared, int32_t begin, int32_t end) {
         Registers g = shared;
-        for (int32_t step = begin; step < end; ++step) edgeStep<kOut>(g, step);
+        int32_t tested = 0;
+        for (int32_t step = begin; step < end; ++step) tested += edgeStep<kOut>(g, step);
         shared = g;
+        return tested;
     }
 
     // A step near either end of the block: bands start and finish here.
     template <int32_t kOut>
-    [[gnu::always_inline]] void edgeStep(Registers& g, int32_t step) {
+    [[gnu::always_inline]] bool edgeStep(Registers& g, int32_t step) {
         const int32_t starting = step / kBandLag;
         if (step % kBandLag == 0 && starting > 0 && starting < count_)
             restoreBand(lanes_, g, slotOf(starting));
@@ -109,21 +114,22 @@ private:
         // any finite value would do, and a real one keeps the flush screen quiet.
         if (step < frames_) lastInput_ = input(step);
         Vector y[kRegisters];
-        plainStep(g, lastInput_, y);
+        const bool tested = plainStep(g, lastInput_, y);
         if (step >= lastLag_) output<kAnySlot>(step, y[kOut]);
         const int32_t finished = (step - (frames_ - 1)) / kBandLag;
         if (step >= frames_ - 1 && (step - (frames_ - 1)) % kBandLag == 0 && finished < count_)
             captureBand(lanes_, g, slotOf(finished));
+        return tested;
     }
 
     // One step on the registers as they are named: x1, x2, y1, y2.
-    static void plainStep(Registers& g, __m128d input, Vector (&y)[kRegisters]) {
+    static bool plainStep(Registers& g, __m128d input, Vector (&y)[kRegisters]) {
         Vector x[kRegisters];
         x[0] = Lanes::carryInPair(input, g.y2[kRegisters - 1]);
         OMBRO_UNROLL
         for (int32_t r = 1; r < kRegisters; ++r) x[r] = g.y2[r - 1];
         sumAll(g, x, y);
-        advanceAll(g, x, y);
+        return advanceAll(g, x, y);
     }
 
     // The history as a ring that is never shifted: each register's last
@@ -136,22 +142,42 @@ private:
     };
 
     // Runs steps [begin, end), a multiple of kRingSteps, all with input and
-    // output; slots of the ring count from `begin`.
+    // output; slots of the ring count from `begin`. Chunk by chunk it picks
+    // the flush test: the quick screen, or for a few chunks after it often
+    // needed the lane-by-lane test (as it does for the zeros of one silent
+    // channel) that test alone, from the start if the first steps needed it.
     template <int32_t kOut, int32_t kSlot>
-    void runRing(Registers& g, int32_t begin, int32_t end) const {
+    void runRing(Registers& g, int32_t begin, int32_t end, bool exactFirst) const {
         Ring ring;
         toRing(g, ring);
-        for (int32_t step = begin; step < end; step += kRingSteps) {
-            ringStep<0, kOut, kSlot>(ring, step);
-            ringStep<1, kOut, kSlot>(ring, step + 1);
-            ringStep<2, kOut, kSlot>(ring, step + 2);
-            ringStep<3, kOut, kSlot>(ring, step + 3);
+        int32_t exactChunks = exactFirst ? kExactChunks : 0;
+        for (int32_t chunk = begin; chunk < end; chunk += kChunkSteps) {
+            const int32_t chunkEnd = end - chunk < kChunkSteps ? end : chunk + kChunkSteps;
+            if (!QuickScreen<Lanes, kRegisters> || exactChunks > 0) {
+                --exactChunks;
+                ringSteps<kOut, kSlot, false>(ring, chunk, chunkEnd);
+            } else if (ringSteps<kOut, kSlot, true>(ring, chunk, chunkEnd) > kChunkSteps / 8) {
+                exactChunks = kExactChunks;
+            }
         }
         fromRing(ring, g);
     }
 
-    template <int32_t kPhase, int32_t kOut, int32_t kSlot>
-    void ringStep(Ring& ring, int32_t step) const {
+    // Returns at how many steps the quick screen needed the lane-by-lane test.
+    template <int32_t kOut, int32_t kSlot, bool kQuick>
+    [[gnu::always_inline]] int32_t ringSteps(Ring& ring, int32_t begin, int32_t end) const {
+        int32_t screened = 0;
+        for (int32_t step = begin; step < end; step += kRingSteps) {
+            screened += ringStep<0, kOut, kSlot, kQuick>(ring, step);
+            screened += ringStep<1, kOut, kSlot, kQuick>(ring, step + 1);
+            screened += ringStep<2, kOut, kSlot, kQuick>(ring, step + 2);
+            screened += ringStep<3, kOut, kSlot, kQuick>(ring, step + 3);
+        }
+        return screened;
+    }
+
+    template <int32_t kPhase, int32_t kOut, int32_t kSlot, bool kQuick>
+    [[gnu::always_inline]] int32_t ringStep(Ring& ring, int32_t step) const {
         constexpr int32_t now = kPhase, last = (kPhase + 3) % 4, twoAgo = (kPhase + 2) % 4;
         constexpr int32_t threeAgo = (kPhase + 1) % 4;
         // Each sum reads only earlier steps' outputs, so the order is free:
@@ -168,11 +194,16 @@ private:
         y[0] = biquadSum<Lanes>(ring.b0[0], ring.b1[0], ring.b2[0], ring.a1[0], ring.a2[0], x0,
                                 ring.x[(kPhase + 1) % 2], ring.x[kPhase % 2], ring.y[last][0],
                                 ring.y[twoAgo][0]);
-        flushAll<Lanes, kRegisters>(y);
+        int32_t screened = 0;
+        if constexpr (kQuick)
+            screened = flushAll<Lanes, kRegisters>(y);
+        else
+            flushExactly<Lanes, kRegisters>(y);
         ring.x[kPhase % 2] = x0;
         OMBRO_UNROLL
         for (int32_t r = 0; r < kRegisters; ++r) ring.y[now][r] = y[r];
         output<kSlot>(step, y[kOut]);
+        return screened;
     }
 
     static void toRing(const Registers& g, Ring& ring) {
