@@ -56,3 +56,12 @@ InstructionSet fastestInstructionSet();
 const BandKernels& activeBandKernels();
 bool useInstructionSet(InstructionSet set);
 const char* instructionSetName(InstructionSet set);
+
+// How the AVX-512 kernels run two to four steady bands: in one 512-bit
+// register, or in two 256-bit ones, whose steps overlap better where the
+// processor splits a 512-bit operation into two halves. Chosen when the
+// library loads from the processor's vendor (two halves where that is how
+// its cores work, one register elsewhere); a test may choose the other.
+enum class ShortRunShape : int32_t { OneWideRegister, TwoNarrowRegisters };
+ShortRunShape shortRunShape();
+void useShortRunShape(ShortRunShape shape);

@@ -10,5 +10,5 @@ OMBRO_BEGIN_TARGET("avx2")
 #include "engine/band_cascade_lanes_avx2.h"
 #include "engine/band_cascade_pipeline.h"
 
-OMBRO_DEFINE_CASCADES(Avx2, Avx2Lanes, 2)
+OMBRO_DEFINE_CASCADES(Avx2, Avx2Lanes, 2, Avx2Lanes)
 OMBRO_END_TARGET()

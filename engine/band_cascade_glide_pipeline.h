@@ -16,6 +16,7 @@ template <class Lanes, int32_t kRegisters>
 class GlidePass {
 public:
     static constexpr int32_t kLanes = kRegisters * Lanes::kWidth;
+    static constexpr int32_t kSlots = kRegisters * Lanes::kBands;
 
     GlidePass(int32_t count, const ChunkCoefficients* designs, int32_t designStride,
               const double* inLeft, const double* inRight, double* outLeft, double* outRight,
@@ -27,8 +28,11 @@ public:
           steps_(count, inLeft, inRight, outLeft, outRight, frames) {}
 
     void run(EqBand* const* bands) {
+        EqBand* bySlot[kSlots] = {};
+        for (int32_t slot = 0; slot < count_; ++slot) bySlot[slot] = bands[slot];
         GroupLanes<Lanes, kRegisters> lanes;
-        lanes.gather(bands, count_);
+        lanes.gather(bySlot, kSlots);
+        lanes.idleUnusedSlots(bySlot);
         GroupRegisters<Lanes, kRegisters> g;
         lanes.loadInto(g);
         for (int32_t step = 0; step < steps_.steps(); ++step) {
@@ -39,13 +43,15 @@ public:
                 steps_.maskedStep(g, step);
         }
         lanes.storeFrom(g);
-        lanes.scatter(bands, count_);
+        lanes.scatter(bySlot, kSlots);
     }
 
 private:
     // Band slot s is in chunk `chunkStep` − s; idle bands keep any design.
     void switchDesigns(GroupRegisters<Lanes, kRegisters>& g, int32_t chunkStep) const {
         alignas(64) double rows[5][kLanes] = {};
+        for (int32_t slot = count_; slot < kSlots; ++slot)
+            rows[3][2 * slot] = rows[3][2 * slot + 1] = GroupLanes<Lanes, kRegisters>::kIdleA1;
         for (int32_t slot = 0; slot < count_; ++slot) {
             int32_t chunk = chunkStep - slot;
             chunk = chunk < 0 ? 0 : chunk >= chunks_ ? chunks_ - 1 : chunk;

@@ -36,10 +36,12 @@ struct GroupLanes {
         row[2 * slot + 1] = right;
     }
 
+    // Slots whose band pointer is null stay zero (padding).
     void gather(EqBand* const* bands, int32_t count) {
         for (auto& row : rows)
             for (double& lane : row) lane = 0.0;
         for (int32_t slot = 0; slot < count; ++slot) {
+            if (!bands[slot]) continue;
             const EqBand& band = *bands[slot];
             const BiquadHistory &left = band.historyLeft, &right = band.historyRight;
             put(rows[B0], slot, band.b0, band.b0);
@@ -54,8 +56,23 @@ struct GroupLanes {
         }
     }
 
+    // Padding slots (null) now output 1.0 at every step whatever their input
+    // (with finite inputs): y = 0·x + 0·x1 + 0·x2 + 1·1 − 0·1, so they never
+    // look like values the flush would change. Coefficients loaded later
+    // must keep kIdleA1 in the slot.
+    static constexpr double kIdleA1 = -1.0;
+    void idleUnusedSlots(EqBand* const* bands) {
+        for (int32_t slot = 0; slot < kLanes / 2; ++slot)
+            if (!bands[slot]) {
+                put(rows[A1], slot, kIdleA1, kIdleA1);
+                put(rows[Y1], slot, 1.0, 1.0);
+                put(rows[Y2], slot, 1.0, 1.0);
+            }
+    }
+
     void scatter(EqBand* const* bands, int32_t count) const {
         for (int32_t slot = 0; slot < count; ++slot) {
+            if (!bands[slot]) continue;
             int32_t left = 2 * slot, right = left + 1;
             bands[slot]->historyLeft = {rows[X1][left], rows[X2][left], rows[Y1][left],
                                         rows[Y2][left]};
@@ -92,6 +109,46 @@ struct GroupLanes {
     }
 };
 
+// One band's history: gathered values back into its lanes of the registers
+// (restoreBand), or the registers' values into its lanes of the rows
+// (captureBand, which scatter then writes to the band). The register is
+// picked by a test per register, so that every index stays a constant and the
+// registers are never addressed in memory.
+template <class Lanes, int32_t kRegisters>
+inline void restoreBand(const GroupLanes<Lanes, kRegisters>& lanes,
+                        GroupRegisters<Lanes, kRegisters>& g, int32_t slot) {
+    using L = GroupLanes<Lanes, kRegisters>;
+    const typename Lanes::Mask band = Lanes::bandMask(slot % Lanes::kBands);
+    OMBRO_UNROLL
+    for (int32_t r = 0; r < kRegisters; ++r) {
+        if (r != slot / Lanes::kBands) continue;
+        const int32_t lane = r * Lanes::kWidth;
+        g.x1[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::X1][lane]), g.x1[r]);
+        g.x2[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::X2][lane]), g.x2[r]);
+        g.y1[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::Y1][lane]), g.y1[r]);
+        g.y2[r] = Lanes::select(band, Lanes::load(&lanes.rows[L::Y2][lane]), g.y2[r]);
+    }
+}
+
+template <class Lanes, int32_t kRegisters>
+inline void captureBand(GroupLanes<Lanes, kRegisters>& lanes,
+                        const GroupRegisters<Lanes, kRegisters>& g, int32_t slot) {
+    using L = GroupLanes<Lanes, kRegisters>;
+    const typename Lanes::Mask band = Lanes::bandMask(slot % Lanes::kBands);
+    OMBRO_UNROLL
+    for (int32_t r = 0; r < kRegisters; ++r) {
+        if (r != slot / Lanes::kBands) continue;
+        auto keep = [&](int32_t row, typename Lanes::Vector value) {
+            double* at = &lanes.rows[row][r * Lanes::kWidth];
+            Lanes::store(at, Lanes::select(band, value, Lanes::load(at)));
+        };
+        keep(L::X1, g.x1[r]);
+        keep(L::X2, g.x2[r]);
+        keep(L::Y1, g.y1[r]);
+        keep(L::Y2, g.y2[r]);
+    }
+}
+
 // b0·x + b1·x1 + b2·x2 − a1·y1 − a2·y2, summed in that order (not yet flushed).
 template <class Lanes>
 inline typename Lanes::Vector biquadSum(typename Lanes::Vector b0, typename Lanes::Vector b1,
@@ -126,20 +183,58 @@ inline void sumAll(const GroupRegisters<Lanes, kRegisters>& g,
                                 g.y1[r], g.y2[r]);
 }
 
-// Every band takes its step: y (the sums) are flushed and shifted into the
-// history. The flush is a branch that is almost never taken, which keeps it
-// off the chain from one output to the next.
+// Whether flushing would change any lane of y, lane by lane.
 template <class Lanes, int32_t kRegisters>
-inline void advanceAll(GroupRegisters<Lanes, kRegisters>& g,
-                       const typename Lanes::Vector (&x)[kRegisters],
-                       typename Lanes::Vector (&y)[kRegisters]) {
+[[gnu::always_inline]] inline bool anyStray(const typename Lanes::Vector (&y)[kRegisters]) {
     typename Lanes::Stray stray = Lanes::strayBits(y[0]);
     OMBRO_UNROLL
     for (int32_t r = 1; r < kRegisters; ++r) stray = Lanes::either(stray, Lanes::strayBits(y[r]));
-    if (Lanes::any(stray)) [[unlikely]] {
+    return Lanes::any(stray);
+}
+
+// Lanes with a quick screen of several registers, which may also answer yes
+// for zeros.
+template <class Lanes, int32_t kRegisters>
+concept QuickScreen = requires(const typename Lanes::Vector (&y)[kRegisters]) {
+    Lanes::template maySmallOrSpecial<kRegisters>(y);
+};
+
+// y flushed where flushing changes a lane, decided lane by lane. The flush is
+// a branch that is almost never taken, which keeps it off the chain from one
+// output to the next.
+template <class Lanes, int32_t kRegisters>
+[[gnu::always_inline]] inline void flushExactly(typename Lanes::Vector (&y)[kRegisters]) {
+    if (anyStray<Lanes, kRegisters>(y)) [[unlikely]] {
         OMBRO_UNROLL
         for (int32_t r = 0; r < kRegisters; ++r) y[r] = Lanes::flushTiny(y[r]);
     }
+}
+
+// y flushed where needed, after the quick screen where the lanes have one:
+// only when it answers yes and not every lane is +0.0 (silence) is y tested
+// lane by lane (a flush that changes nothing would still lengthen the chain).
+// True when that test was needed.
+template <class Lanes, int32_t kRegisters>
+[[gnu::always_inline]] inline bool flushAll(typename Lanes::Vector (&y)[kRegisters]) {
+    if constexpr (QuickScreen<Lanes, kRegisters>) {
+        if (!Lanes::template maySmallOrSpecial<kRegisters>(y)) [[likely]]
+            return false;
+        if (Lanes::template allPositiveZero<kRegisters>(y)) return false;
+        flushExactly<Lanes, kRegisters>(y);
+        return true;
+    } else {
+        flushExactly<Lanes, kRegisters>(y);
+        return false;
+    }
+}
+
+// Every band takes its step: y (the sums) are flushed and shifted into the
+// history. Returns flushAll's answer.
+template <class Lanes, int32_t kRegisters>
+inline bool advanceAll(GroupRegisters<Lanes, kRegisters>& g,
+                       const typename Lanes::Vector (&x)[kRegisters],
+                       typename Lanes::Vector (&y)[kRegisters]) {
+    const bool tested = flushAll<Lanes, kRegisters>(y);
     OMBRO_UNROLL
     for (int32_t r = 0; r < kRegisters; ++r) {
         g.x2[r] = g.x1[r];
@@ -147,6 +242,7 @@ inline void advanceAll(GroupRegisters<Lanes, kRegisters>& g,
         g.y2[r] = g.y1[r];
         g.y1[r] = y[r];
     }
+    return tested;
 }
 
 }  // namespace band_cascade

@@ -1,13 +1,18 @@
 // Lane operations on 256-bit registers (AVX2): two bands per register, each
 // as a left/right lane pair. Include only where the functions are compiled
-// for AVX2.
+// for AVX2 or a wider set.
 #pragma once
 
 #include <immintrin.h>
 
 #include <cstdint>
 
-struct Avx2Lanes {
+// `Kernels` names the instruction set whose kernels use the lanes. Every set
+// compiles its own copy of the code built on them, and distinct types keep
+// those copies apart when linking: a copy compiled for AVX-512 must never
+// stand in for the AVX2 kernels' own.
+template <class Kernels>
+struct Avx2LanesFor {
     using Vector = __m256d;
     using Mask = __m256d;
     static constexpr int32_t kWidth = 4;
@@ -44,6 +49,23 @@ struct Avx2Lanes {
     static Stray either(Stray a, Stray b) { return _mm256_or_si256(a, b); }
     static bool any(Stray bits) { return !_mm256_testz_si256(bits, bits); }
 
+    // A quick screen of several registers: yes when any lane would be
+    // flushed, zeros included.
+    template <int32_t kCount>
+    static bool maySmallOrSpecial(const Vector (&y)[kCount]) {
+        __m256i lanes = flushed(y[0]);
+        for (int32_t r = 1; r < kCount; ++r) lanes = _mm256_or_si256(lanes, flushed(y[r]));
+        return !_mm256_testz_si256(lanes, lanes);
+    }
+
+    template <int32_t kCount>
+    static bool allPositiveZero(const Vector (&y)[kCount]) {
+        __m256i bits = _mm256_castpd_si256(y[0]);
+        for (int32_t r = 1; r < kCount; ++r)
+            bits = _mm256_or_si256(bits, _mm256_castpd_si256(y[r]));
+        return _mm256_testz_si256(bits, bits);
+    }
+
     static Mask activeAt(Vector firstStep, Vector endStep, double step) {
         Vector now = _mm256_set1_pd(step);
         return _mm256_and_pd(_mm256_cmp_pd(firstStep, now, _CMP_LE_OQ),
@@ -51,6 +73,10 @@ struct Avx2Lanes {
     }
     static Vector select(Mask mask, Vector chosen, Vector otherwise) {
         return _mm256_blendv_pd(otherwise, chosen, mask);
+    }
+    static Mask bandMask(int32_t band) {
+        __m256i lanesBand = _mm256_set_epi64x(1, 1, 0, 0);
+        return _mm256_castsi256_pd(_mm256_cmpeq_epi64(lanesBand, _mm256_set1_epi64x(band)));
     }
 
     // [top band of below, bottom band of current]
@@ -64,3 +90,8 @@ struct Avx2Lanes {
         return band == 0 ? _mm256_castpd256_pd128(value) : _mm256_extractf128_pd(value, 1);
     }
 };
+
+struct Avx2Kernels;
+struct Avx512Kernels;
+using Avx2Lanes = Avx2LanesFor<Avx2Kernels>;
+using Avx512HalfLanes = Avx2LanesFor<Avx512Kernels>;  // short runs in the AVX-512 kernels

@@ -1,6 +1,6 @@
-// Lane operations on 512-bit registers (AVX-512F): four bands per register,
-// each as a left/right lane pair. Include only where the functions are
-// compiled for AVX-512F.
+// Lane operations on 512-bit registers (AVX-512F and DQ): four bands per
+// register, each as a left/right lane pair. Include only where the functions
+// are compiled for both.
 #pragma once
 
 #include <immintrin.h>
@@ -38,6 +38,36 @@ struct Avx512Lanes {
     }
     static Stray either(Stray a, Stray b) { return a | b; }
     static bool any(Stray lanes) { return lanes != 0; }
+
+    // A quick screen of several registers: yes when any lane is below 2^-54
+    // in magnitude (zeros included), infinite or NaN. The smallest magnitude
+    // comes from range operations, which pass over NaNs; their sum is
+    // infinite or NaN if any lane is (or, harmlessly, if it overflows).
+    template <int32_t kCount>
+    static bool maySmallOrSpecial(const Vector (&y)[kCount]) {
+        constexpr int kSmallestMagnitude = 0b1010;  // the smaller |a|, |b|, sign cleared
+        Vector smallest = _mm512_range_pd(y[0], y[kCount > 1 ? 1 : 0], kSmallestMagnitude);
+        Vector sum = kCount > 1 ? _mm512_add_pd(y[0], y[1]) : y[0];
+        for (int32_t r = 2; r < kCount; ++r) {
+            smallest = _mm512_range_pd(smallest, y[r], kSmallestMagnitude);
+            sum = _mm512_add_pd(sum, y[r]);
+        }
+        constexpr int kNanOrInfinity = 0x01 | 0x08 | 0x10 | 0x80;
+        __mmask8 special = _mm512_fpclass_pd_mask(sum, kNanOrInfinity);
+        __mmask8 large = _mm512_cmp_pd_mask(smallest, _mm512_set1_pd(0x1p-54), _CMP_GE_OQ);
+        __mmask8 kept = _kandn_mask8(special, large);
+        return !_kortestc_mask8_u8(kept, kept);
+    }
+
+    template <int32_t kCount>
+    static bool allPositiveZero(const Vector (&y)[kCount]) {
+        __m512i bits = _mm512_castpd_si512(y[0]);
+        for (int32_t r = 1; r < kCount; ++r)
+            bits = _mm512_or_si512(bits, _mm512_castpd_si512(y[r]));
+        return _mm512_test_epi64_mask(bits, bits) == 0;
+    }
+
+    static Mask bandMask(int32_t band) { return static_cast<Mask>(3u << (2 * band)); }
 
     static Mask activeAt(Vector firstStep, Vector endStep, double step) {
         Vector now = _mm512_set1_pd(step);

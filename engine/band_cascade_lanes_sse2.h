@@ -45,6 +45,7 @@ struct Sse2Lanes {
     static Vector select(Mask mask, Vector chosen, Vector otherwise) {
         return _mm_or_pd(_mm_and_pd(mask, chosen), _mm_andnot_pd(mask, otherwise));
     }
+    static Mask bandMask(int32_t) { return _mm_castsi128_pd(_mm_set1_epi32(-1)); }
 
     // The inputs of a register's bands: each band takes the output of the band
     // below it, the lowest band the top band of the register below.

@@ -26,6 +26,15 @@ InstructionSet widestAvailable() {
 const InstructionSet kFastest = widestAvailable();
 std::atomic<const BandKernels*> chosenByTest{nullptr};
 
+// Measured on the one vendor's cores, whose 512-bit operations take two
+// passes; modelled (llvm-mca) for the other's, where one register is quicker.
+ShortRunShape shapeForThisProcessor() {
+    __builtin_cpu_init();
+    return __builtin_cpu_is("amd") ? ShortRunShape::TwoNarrowRegisters
+                                   : ShortRunShape::OneWideRegister;
+}
+std::atomic<ShortRunShape> chosenShape{shapeForThisProcessor()};
+
 }  // namespace
 
 bool instructionSetAvailable(InstructionSet set) {
@@ -36,7 +45,7 @@ bool instructionSetAvailable(InstructionSet set) {
         case InstructionSet::Avx2:
             return __builtin_cpu_supports("avx2");
         case InstructionSet::Avx512:
-            return __builtin_cpu_supports("avx512f");
+            return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq");
     }
     return false;
 }
@@ -59,3 +68,7 @@ bool useInstructionSet(InstructionSet set) {
 }
 
 const char* instructionSetName(InstructionSet set) { return kNames[static_cast<int32_t>(set)]; }
+
+ShortRunShape shortRunShape() { return chosenShape.load(std::memory_order_relaxed); }
+
+void useShortRunShape(ShortRunShape shape) { chosenShape.store(shape, std::memory_order_relaxed); }

@@ -5,4 +5,4 @@
 #include "engine/band_cascade_stereo.h"
 #include "engine/band_cascade_variants.h"
 
-OMBRO_DEFINE_CASCADES(Sse2, Sse2Lanes, 4)
+OMBRO_DEFINE_CASCADES(Sse2, Sse2Lanes, 4, Sse2Lanes)

@@ -17,16 +17,17 @@ OMBRO_DECLARE_CASCADES(Avx2)
 OMBRO_DECLARE_CASCADES(Avx512)
 #undef OMBRO_DECLARE_CASCADES
 
-// Defines both entry points of a set from its lane type and its widest pass.
+// Defines both entry points of a set from its lane type and its widest pass
+// (and the lanes for steady runs that would fill one register at most).
 // A lone band takes the stereo kernel, which is the quickest for one band.
-#define OMBRO_DEFINE_CASCADES(set, Lanes, maxRegisters)                                        \
+#define OMBRO_DEFINE_CASCADES(set, Lanes, maxRegisters, FewLanes)                              \
     void runCascade##set(EqBand* const* bands, int32_t count, const double* inLeft,            \
                          const double* inRight, double* outLeft, double* outRight,             \
                          int32_t frames) {                                                     \
         if (count == 1)                                                                        \
             return runBandStereo(*bands[0], inLeft, inRight, outLeft, outRight, frames);       \
-        band_cascade::runSteadyCascade<Lanes, maxRegisters>(bands, count, inLeft, inRight,     \
-                                                            outLeft, outRight, frames);        \
+        band_cascade::runSteadyCascade<Lanes, maxRegisters, FewLanes>(                          \
+            bands, count, inLeft, inRight, outLeft, outRight, frames);                         \
     }                                                                                          \
     void runGlideCascade##set(EqBand* const* bands, int32_t count,                             \
                               const ChunkCoefficients* designs, int32_t designStride,          \

@@ -118,6 +118,27 @@ TEST_P(BandCascadeKernel, StereoKernelMatchesTheScalarKernel) {
     }
 }
 
+// Runs of two to four bands in either shape the processor's vendor may pick.
+TEST_P(BandCascadeKernel, ShortRunsMatchBandAfterBandInEitherShape) {
+    Random random(15);
+    const ShortRunShape chosen = shortRunShape();
+    for (ShortRunShape shape :
+         {ShortRunShape::OneWideRegister, ShortRunShape::TwoNarrowRegisters}) {
+        useShortRunShape(shape);
+        for (int32_t frames : {1, 5, 17, 100, 511}) {
+            for (int32_t count : {2, 3, 4, 5}) {
+                SCOPED_TRACE(testing::Message() << static_cast<int32_t>(shape) << " shape, "
+                                                << frames << " frames, " << count << " bands");
+                std::vector<EqBand> bands = randomBands(random, count);
+                StereoSignal in(random, frames);
+                EXPECT_NO_FATAL_FAILURE(expectSameOutcome(
+                    cascade(GetParam(), bands, in, Buffers::Shared), bandAfterBand(bands, in)));
+            }
+        }
+    }
+    useShortRunShape(chosen);
+}
+
 INSTANTIATE_TEST_SUITE_P(EveryRunnableSet, BandCascadeKernel,
                          testing::ValuesIn(runnableInstructionSets()), instructionSetTestName);
 
