@@ -1,74 +1,17 @@
 #include "tests/bridge/test_display.h"
 
+#include "tests/x11/xvfb_server.h"
+
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <cairo.h>
-#include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <thread>
-
-namespace {
-
-bool displayNumberFree(int number) {
-    return !std::filesystem::exists("/tmp/.X11-unix/X" + std::to_string(number)) &&
-           !std::filesystem::exists("/tmp/.X" + std::to_string(number) + "-lock");
-}
-
-bool xvfbInstalled() {
-    for (const char* folder : {"/usr/bin/", "/usr/local/bin/"})
-        if (access((std::string(folder) + "Xvfb").c_str(), X_OK) == 0) return true;
-    return false;
-}
-
-bool serverAnswers(const std::string& name) {
-    Display* display = XOpenDisplay(name.c_str());
-    if (!display) return false;
-    XCloseDisplay(display);
-    return true;
-}
-
-class XvfbServer {
-public:
-    XvfbServer() {
-        if (!xvfbInstalled()) return;
-        int number = 100 + static_cast<int>(getpid() % 400);
-        while (!displayNumberFree(number)) ++number;
-        std::string name = std::to_string(number);
-        name.insert(0, 1, ':');
-        pid_ = fork();
-        if (pid_ == 0) {
-            execlp("Xvfb", "Xvfb", name.c_str(), "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-noreset",
-                   static_cast<char*>(nullptr));
-            _exit(127);
-        }
-        for (int attempt = 0; attempt < 200 && !serverAnswers(name); ++attempt)
-            std::this_thread::sleep_for(std::chrono::milliseconds(25));
-        if (!serverAnswers(name)) return;
-        name_ = name;
-        setenv("DISPLAY", name_.c_str(), 1);
-    }
-    ~XvfbServer() {
-        if (pid_ <= 0) return;
-        kill(pid_, SIGTERM);
-        waitpid(pid_, nullptr, 0);
-    }
-    const std::string& name() const { return name_; }
-
-private:
-    pid_t pid_ = -1;
-    std::string name_;
-};
-
-}  // namespace
 
 const std::string& testDisplayName() {
-    static XvfbServer server;
-    return server.name();
+    static XvfbServer server("1280x800x24");
+    return server.display();
 }
 
 HostFrame::HostFrame(int width, int height) {

@@ -37,7 +37,7 @@ bool XvfbServer::available() {
     return false;
 }
 
-XvfbServer::XvfbServer() {
+XvfbServer::XvfbServer(const char* screen) {
     if (!available()) return;
     int pipeEnds[2];
     if (pipe(pipeEnds) != 0) return;
@@ -48,7 +48,7 @@ XvfbServer::XvfbServer() {
         dup2(quiet, STDOUT_FILENO);
         dup2(quiet, STDERR_FILENO);
         std::string fd = std::to_string(pipeEnds[1]);
-        execlp("Xvfb", "Xvfb", "-displayfd", fd.c_str(), "-screen", "0", "1600x1200x24",
+        execlp("Xvfb", "Xvfb", "-displayfd", fd.c_str(), "-screen", "0", screen,
                "-nolisten", "tcp", "-noreset", static_cast<char*>(nullptr));
         _exit(127);
     }

@@ -8,9 +8,9 @@
 
 class XvfbServer {
 public:
-    // Starts the server and waits until it accepts connections; check
-    // running() (Xvfb may be missing).
-    XvfbServer();
+    // Starts the server with a screen of `screen` ("WIDTHxHEIGHTxDEPTH") and
+    // waits until it accepts connections; check running() (Xvfb may be missing).
+    explicit XvfbServer(const char* screen = "1600x1200x24");
     ~XvfbServer();  // stops it
     XvfbServer(const XvfbServer&) = delete;
     XvfbServer& operator=(const XvfbServer&) = delete;
