@@ -11,6 +11,8 @@
 #   tools/mutants.sh --keep-going         run the whole suite for each mutant and keep every
 #                                         failing test's name (slower; shows which tests catch what)
 #   tools/mutants.sh --compare OLD NEW    mutants caught in results file OLD but not in NEW
+#   tools/mutants.sh --tests REGEX        run only the tests whose names match (ctest -R), to see
+#                                         what one part of the suite catches on its own
 #
 # Other options: --mutants FILE (another list), --out FILE (results, default
 # build-mutants/results.txt), --timeout S (per test, default 60), --jobs N
@@ -37,6 +39,7 @@ baseline=1
 mode=run
 only=()
 under=()
+tests_regex=""
 
 usage() { sed -n '2,/^set -euo/p' "$0" | sed '$d' | sed 's/^# \{0,1\}//'; }
 
@@ -44,6 +47,7 @@ while [ $# -gt 0 ]; do
   case "$1" in
     --only) shift; while [ $# -gt 0 ] && [ "${1#--}" = "$1" ]; do only+=("$1"); shift; done; continue ;;
     --under) under+=("${2%/}/"); shift ;;
+    --tests) tests_regex="$2"; shift ;;
     --list) mode=list ;;
     --keep-going) keep_going=1 ;;
     --compare) mode=compare; compare_old="$2"; compare_new="$3"; shift 2 ;;
@@ -190,9 +194,10 @@ failed_tests() {  # $1: ctest log
 }
 
 run_suite() {  # $1: log file, $2: 1 to stop at the first failure
-  local stop=()
+  local stop=() select=()
   [ "$2" = 1 ] && stop=(--stop-on-failure)
-  ctest --test-dir "$build" -j"$jobs" --timeout "$timeout" "${stop[@]}" > "$1" 2>&1
+  [ -n "$tests_regex" ] && select=(-R "$tests_regex")
+  ctest --test-dir "$build" -j"$jobs" --timeout "$timeout" "${stop[@]}" "${select[@]}" > "$1" 2>&1
 }
 
 echo "mutants.sh: copying the sources to $src"
