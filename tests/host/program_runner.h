@@ -10,20 +10,21 @@ struct ProgramResult {
     std::string err;
 };
 
-ProgramResult runHostProgram(const std::vector<std::string>& arguments);
-
 // The program started and left running, for tests that deal with it while it runs.
 struct RunningProgram {
     int processId = -1;  // -1 when it could not be started
     std::string outPath;
     std::string errPath;
 };
+
 RunningProgram startHostProgram(const std::vector<std::string>& arguments);
 // Waits for the program to end and collects what it wrote.
 ProgramResult finishHostProgram(const RunningProgram& program);
+ProgramResult runHostProgram(const std::vector<std::string>& arguments);
 
 // The lines of `text` that start with `prefix`.
 std::vector<std::string> linesStartingWith(const std::string& text, const std::string& prefix);
-
 // A fresh path in the test's temporary directory.
 std::string temporaryPath(const std::string& name);
+std::string fileContents(const std::string& path);
+bool hasText(const std::string& text, const std::string& part);

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <complex>
 #include <numbers>
-#include <set>
 #include <vector>
 
 #include "host/extensions/real_fft.h"
@@ -26,20 +25,14 @@ std::complex<double> directDft(const std::vector<double>& signal, int bin) {
     return sum;
 }
 
-int reverseBits(int value, int bits) {
-    int reversed = 0;
-    for (int i = 0; i < bits; ++i) reversed |= ((value >> i) & 1) << (bits - 1 - i);
-    return reversed;
-}
-
 class PackedForwardTransform : public testing::TestWithParam<int> {};
 
+// Bin 0 and the Nyquist bin share the first pair; bin k sits at pair fftPermute(k).
 TEST_P(PackedForwardTransform, MatchesDirectDftAtPermutedPairsAndInvertsScaledByLength) {
     int length = GetParam();
     std::vector<double> signal = testSignal(length);
     std::vector<double> buffer = signal;
     fftReal8(buffer.data(), length, 0);
-
     double tolerance = 1e-9 * length;
     EXPECT_NEAR(buffer[0], directDft(signal, 0).real(), tolerance);
     EXPECT_NEAR(buffer[1], directDft(signal, length / 2).real(), tolerance);
@@ -49,39 +42,19 @@ TEST_P(PackedForwardTransform, MatchesDirectDftAtPermutedPairsAndInvertsScaledBy
         EXPECT_NEAR(buffer[2 * pair], expected.real(), tolerance) << "bin " << bin;
         EXPECT_NEAR(buffer[2 * pair + 1], expected.imag(), tolerance) << "bin " << bin;
     }
-    std::vector<double> again = signal;  // repeatable to the bit
-    fftReal8(again.data(), length, 0);
-    EXPECT_EQ(again, buffer);
-    // The inverse undoes it, scaled by the length.
     fftReal8(buffer.data(), length, 1);
     for (int n = 0; n < length; ++n)
         EXPECT_NEAR(buffer[n], signal[n] * length, tolerance) << "sample " << n;
 }
 
-
 INSTANTIATE_TEST_SUITE_P(PowersOfTwo, PackedForwardTransform, testing::Values(2, 4, 8, 64, 2048));
-
-TEST(PackedTransform, ToneLandsInItsOwnBinOnly) {
-    const int length = 2048;
-    std::vector<double> buffer(length);
-    for (int n = 0; n < length; ++n) buffer[n] = std::cos(2.0 * std::numbers::pi * 100 * n / length);
-    fftReal8(buffer.data(), length, 0);
-    int pair = fftPermute(length / 2, 100);
-    EXPECT_NEAR(buffer[2 * pair], length / 2.0, 1e-8);
-    for (int other = 1; other < length / 2; ++other) {
-        if (other == 100) continue;
-        int otherPair = fftPermute(length / 2, other);
-        EXPECT_NEAR(std::hypot(buffer[2 * otherPair], buffer[2 * otherPair + 1]), 0.0, 1e-8);
-    }
-}
 
 TEST(PackedTransform, LeavesBufferAloneForLengthsItCannotTransform) {
     for (int length : {0, 1, 3, 6, 100, -8}) {
         std::vector<double> buffer = testSignal(128);
-        std::vector<double> original = buffer;
         fftReal8(buffer.data(), length, 0);
         fftReal8(buffer.data(), length, 1);
-        EXPECT_EQ(buffer, original) << "length " << length;
+        EXPECT_EQ(buffer, testSignal(128)) << "length " << length;
     }
     fftReal8(nullptr, 64, 0);  // a null buffer is ignored
 }
@@ -91,17 +64,8 @@ TEST(PairPermutation, ReversesTheBitsOfTheBinIndexModuloTheSize) {
     for (int bin = 0; bin < 8; ++bin) EXPECT_EQ(fftPermute(8, bin), expected[bin]) << bin;
     EXPECT_EQ(fftPermute(1024, 1), 512);
     EXPECT_EQ(fftPermute(1024, 3), 768);
+    EXPECT_EQ(fftPermute(1024, 1023), 1023);
     EXPECT_EQ(fftPermute(1, 0), 0);
-    for (int size : {2, 16, 1024}) {  // a bijection of the transform size
-        std::set<int> pairs;
-        int bits = 0;
-        while ((1 << bits) < size) ++bits;
-        for (int bin = 0; bin < size; ++bin) {
-            EXPECT_EQ(fftPermute(size, bin), reverseBits(bin, bits)) << size << " " << bin;
-            pairs.insert(fftPermute(size, bin));
-        }
-        EXPECT_EQ(pairs.size(), static_cast<size_t>(size));
-    }
     EXPECT_EQ(fftPermute(1024, 1024), 0);  // the Nyquist bin's index wraps to pair 0
     EXPECT_EQ(fftPermute(8, 9), 4);
     EXPECT_EQ(fftPermute(6, 5), 5);  // other sizes keep the index

@@ -9,10 +9,7 @@
 
 void writeSound(const std::string& path, int channels, int format, int frames,
                 const std::function<double(int frame, int channel)>& signal) {
-    SF_INFO info{};
-    info.samplerate = kTestSampleRate;
-    info.channels = channels;
-    info.format = format;
+    SF_INFO info{0, kTestSampleRate, channels, format, 0, 0};
     SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
     ASSERT_NE(file, nullptr) << sf_strerror(nullptr);
     std::vector<double> samples;
@@ -50,6 +47,12 @@ std::complex<double> componentAt(const SoundContents& sound, int channel, double
         sum += sound.samples[static_cast<size_t>(frame * sound.info.channels + channel)] *
                std::polar(1.0, -step * frame);
     return sum / static_cast<double>(to - from);
+}
+
+double gainDbAt(const SoundContents& in, const SoundContents& out, double frequency, int from,
+                int to) {
+    return decibels(std::abs(componentAt(out, 0, frequency, from, to)) /
+                    std::abs(componentAt(in, 0, frequency, from, to)));
 }
 
 double decibels(double ratio) { return 20.0 * std::log10(ratio); }

@@ -11,28 +11,24 @@
 
 struct SoundContents {
     SF_INFO info{};
-    std::vector<double> samples;  // interleaved
+    std::vector<double> samples;  // interleaved; empty when the file cannot be read
 };
 
 constexpr int kTestSampleRate = 44100;
 
-// Writes `frames` frames in `format` (container | subtype) to `path`; the
-// sample of each channel comes from `signal(frame, channel)`.
+// Writes `frames` frames in `format` (container | subtype); each sample is `signal(frame, channel)`.
 void writeSound(const std::string& path, int channels, int format, int frames,
                 const std::function<double(int frame, int channel)>& signal);
-
-// A fresh temporary file holding a sine of `frequency` Hz and peak
-// `amplitude` on every channel.
+// A fresh temporary file holding a sine of `frequency` Hz and peak `amplitude` on every channel.
 std::string writeTone(const std::string& name, int channels, int format, int frames,
                       double frequency = 1000.0, double amplitude = 0.4);
-
-// Empty contents when the file cannot be read.
 SoundContents readSound(const std::string& path);
 
-// The complex amplitude of `channel` at `frequency` Hz over frames
-// [from, to): for an exact number of periods, a sine of peak A gives |A|/2.
+// The complex amplitude of `channel` at `frequency` Hz over frames [from, to):
+// for an exact number of periods, a sine of peak A gives |A|/2.
 std::complex<double> componentAt(const SoundContents& sound, int channel, double frequency,
                                  int from, int to);
-
-// 20·log10 of the ratio of two magnitudes.
+// The gain in dB at `frequency` from `in` to `out` over frames [from, to).
+double gainDbAt(const SoundContents& in, const SoundContents& out, double frequency, int from,
+                int to);
 double decibels(double ratio);

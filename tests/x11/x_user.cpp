@@ -5,19 +5,11 @@
 
 #include <cstring>
 
-namespace {
-
-constexpr int kDragSteps = 8;
-
-}  // namespace
-
 XUser::XUser() : display_(XOpenDisplay(nullptr)) {}
 
 XUser::~XUser() {
     if (display_) XCloseDisplay(display_);
 }
-
-void XUser::sync() const { XSync(display_, False); }
 
 XPoint2 XUser::onScreen(Window window, XPoint2 point) const {
     int x = 0, y = 0;
@@ -30,84 +22,53 @@ XPoint2 XUser::onScreen(Window window, XPoint2 point) const {
 void XUser::moveTo(XPoint2 screenPoint) {
     XTestFakeMotionEvent(display_, DefaultScreen(display_), screenPoint.x, screenPoint.y,
                          CurrentTime);
-    sync();
+    XSync(display_, False);
 }
 
-void XUser::press(unsigned int button) {
-    XTestFakeButtonEvent(display_, button, True, CurrentTime);
-    sync();
+void XUser::button(unsigned int button, bool down) {
+    XTestFakeButtonEvent(display_, button, down, CurrentTime);
+    XSync(display_, False);
 }
 
-void XUser::release(unsigned int button) {
-    XTestFakeButtonEvent(display_, button, False, CurrentTime);
-    sync();
-}
-
-void XUser::click(unsigned int button, XPoint2 screenPoint) {
+void XUser::click(unsigned int which, XPoint2 screenPoint) {
     moveTo(screenPoint);
-    press(button);
-    release(button);
+    button(which, true);
+    button(which, false);
 }
 
 void XUser::drag(XPoint2 from, XPoint2 to) {
+    constexpr int kSteps = 8;
     moveTo(from);
-    press(Button1);
-    for (int step = 1; step <= kDragSteps; ++step)
-        moveTo({from.x + (to.x - from.x) * step / kDragSteps,
-                from.y + (to.y - from.y) * step / kDragSteps});
-    release(Button1);
+    button(Button1, true);
+    for (int step = 1; step <= kSteps; ++step)
+        moveTo({from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps});
+    button(Button1, false);
 }
 
-void XUser::pressKey(KeySym key) {
-    XTestFakeKeyEvent(display_, XKeysymToKeycode(display_, key), True, CurrentTime);
-    sync();
-}
-
-void XUser::releaseKey(KeySym key) {
-    XTestFakeKeyEvent(display_, XKeysymToKeycode(display_, key), False, CurrentTime);
-    sync();
+void XUser::pressKey(KeySym key, bool down) {
+    XTestFakeKeyEvent(display_, XKeysymToKeycode(display_, key), down, CurrentTime);
+    XSync(display_, False);
 }
 
 void XUser::tapKey(KeySym key) {
-    pressKey(key);
-    releaseKey(key);
-}
-
-void XUser::typeText(const std::string& text) {
-    for (char c : text) {
-        char name[2] = {c, 0};
-        KeySym key = c == '.' ? XK_period : c == '-' ? XK_minus : XStringToKeysym(name);
-        tapKey(key);
-    }
+    pressKey(key, true);
+    pressKey(key, false);
 }
 
 XPicture XUser::picture(Window window) const {
-    XPoint2 extent = size(window);
+    XWindowAttributes attributes{};
     XPicture result;
-    XImage* image = XGetImage(display_, window, 0, 0, static_cast<unsigned>(extent.x),
-                              static_cast<unsigned>(extent.y), AllPlanes, ZPixmap);
+    if (!XGetWindowAttributes(display_, window, &attributes)) return result;
+    XImage* image = XGetImage(display_, window, 0, 0, static_cast<unsigned>(attributes.width),
+                              static_cast<unsigned>(attributes.height), AllPlanes, ZPixmap);
     if (!image) return result;
-    result.width = extent.x;
-    result.height = extent.y;
-    result.pixels.resize(static_cast<size_t>(extent.x) * extent.y);
-    for (int y = 0; y < extent.y; ++y)
-        for (int x = 0; x < extent.x; ++x)
-            result.pixels[static_cast<size_t>(y) * extent.x + x] =
-                static_cast<uint32_t>(XGetPixel(image, x, y)) & 0xFFFFFF;
+    result.width = attributes.width;
+    result.height = attributes.height;
+    for (int y = 0; y < result.height; ++y)
+        for (int x = 0; x < result.width; ++x)
+            result.pixels.push_back(static_cast<uint32_t>(XGetPixel(image, x, y)) & 0xFFFFFF);
     XDestroyImage(image);
     return result;
-}
-
-bool XUser::isShown(Window window) const {
-    XWindowAttributes attributes{};
-    return XGetWindowAttributes(display_, window, &attributes) &&
-           attributes.map_state == IsViewable;
-}
-
-XPoint2 XUser::size(Window window) const {
-    XWindowAttributes attributes{};
-    XGetWindowAttributes(display_, window, &attributes);
-    return {attributes.width, attributes.height};
 }
 
 Window XUser::findTopLevel(const std::string& prefix) const {
@@ -118,8 +79,12 @@ Window XUser::findTopLevel(const std::string& prefix) const {
     Window found = 0;
     for (unsigned int i = 0; i < count && !found; ++i) {
         char* name = nullptr;
+        XWindowAttributes attributes{};
         if (XFetchName(display_, children[i], &name) && name) {
-            if (std::strncmp(name, prefix.c_str(), prefix.size()) == 0) found = children[i];
+            if (std::strncmp(name, prefix.c_str(), prefix.size()) == 0 &&
+                XGetWindowAttributes(display_, children[i], &attributes) &&
+                attributes.map_state == IsViewable)
+                found = children[i];
             XFree(name);
         }
     }
@@ -136,20 +101,5 @@ void XUser::closeWindow(Window window) {
     event.xclient.data.l[0] = static_cast<long>(XInternAtom(display_, "WM_DELETE_WINDOW", False));
     event.xclient.data.l[1] = CurrentTime;
     XSendEvent(display_, window, False, NoEventMask, &event);
-    sync();
-}
-
-void XUser::resize(Window window, int width, int height) {
-    XResizeWindow(display_, window, static_cast<unsigned>(width), static_cast<unsigned>(height));
-    sync();
-}
-
-Window XUser::createFrame(int width, int height) {
-    Window frame = XCreateSimpleWindow(display_, DefaultRootWindow(display_), 50, 40,
-                                       static_cast<unsigned>(width), static_cast<unsigned>(height),
-                                       0, 0, 0x202020);
-    XStoreName(display_, frame, "test frame");
-    XMapWindow(display_, frame);
-    sync();
-    return frame;
+    XSync(display_, False);
 }

@@ -18,6 +18,7 @@ struct XPicture {
     int width = 0, height = 0;
     std::vector<uint32_t> pixels;
     uint32_t at(int x, int y) const { return pixels[static_cast<size_t>(y) * width + x]; }
+    bool operator==(const XPicture&) const = default;
 };
 
 class XUser {
@@ -32,32 +33,20 @@ public:
 
     // A point of `window` on the screen (root coordinates).
     XPoint2 onScreen(Window window, XPoint2 point) const;
-
-    void moveTo(XPoint2 screenPoint);
-    void press(unsigned int button);
-    void release(unsigned int button);
     void click(unsigned int button, XPoint2 screenPoint);
     // Presses at `from`, moves there in steps, releases at `to`.
     void drag(XPoint2 from, XPoint2 to);
-    void pressKey(KeySym key);
-    void releaseKey(KeySym key);
+    void pressKey(KeySym key, bool down);
     void tapKey(KeySym key);
-    void typeText(const std::string& text);
 
     XPicture picture(Window window) const;
-    // True when the window and its parents are mapped.
-    bool isShown(Window window) const;
-    // Width and height as the server has them.
-    XPoint2 size(Window window) const;
-    // The first top-level window whose name starts with `prefix`, or 0.
+    // The first shown top-level window whose name starts with `prefix`, or 0.
     Window findTopLevel(const std::string& prefix) const;
     // Asks a top-level window to close, as a window manager does.
     void closeWindow(Window window);
-    void resize(Window window, int width, int height);
-    // Creates and maps a plain top-level window to hold another.
-    Window createFrame(int width, int height);
 
 private:
-    void sync() const;
+    void moveTo(XPoint2 screenPoint);
+    void button(unsigned int button, bool down);
     Display* display_;
 };

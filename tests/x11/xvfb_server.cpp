@@ -11,36 +11,34 @@
 
 namespace {
 
-constexpr int kStartTimeoutMs = 20000;
-
 // Reads the display number that Xvfb writes once it is ready.
 std::string readDisplayNumber(int fd) {
     std::string number;
-    char c = 0;
-    while (true) {
+    for (char c = 0;; number.push_back(c)) {
         pollfd ready{fd, POLLIN, 0};
-        if (poll(&ready, 1, kStartTimeoutMs) <= 0) return "";
-        if (read(fd, &c, 1) != 1) return "";
+        if (poll(&ready, 1, 20000) <= 0 || read(fd, &c, 1) != 1) return "";
         if (c == '\n') return number;
-        number.push_back(c);
     }
 }
 
 }  // namespace
 
+XvfbServer& testServer() {
+    static XvfbServer server;
+    return server;
+}
+
 bool XvfbServer::available() {
     const char* path = std::getenv("PATH");
     std::istringstream folders(path ? path : "/usr/bin");
-    std::string folder;
-    while (std::getline(folders, folder, ':'))
+    for (std::string folder; std::getline(folders, folder, ':');)
         if (access((folder + "/Xvfb").c_str(), X_OK) == 0) return true;
     return false;
 }
 
 XvfbServer::XvfbServer(const char* screen) {
-    if (!available()) return;
     int pipeEnds[2];
-    if (pipe(pipeEnds) != 0) return;
+    if (!available() || pipe(pipeEnds) != 0) return;
     pid_ = fork();
     if (pid_ == 0) {
         close(pipeEnds[0]);

@@ -17,7 +17,6 @@ public:
 
     bool running() const { return !display_.empty(); }
     const std::string& display() const { return display_; }  // ":N"
-
     // True when an Xvfb program can be found on the PATH.
     static bool available();
 
@@ -25,3 +24,14 @@ private:
     pid_t pid_ = -1;
     std::string display_;
 };
+
+// The one server of the X11 tests.
+XvfbServer& testServer();
+
+// Skips the test when Xvfb is missing.
+#define SKIP_WITHOUT_XVFB()                                                                   \
+    do {                                                                                      \
+        if (!XvfbServer::available())                                                         \
+            GTEST_SKIP() << "Xvfb is not installed: the X11 front end cannot be tested here"; \
+        ASSERT_TRUE(testServer().running()) << "Xvfb did not start";                          \
+    } while (0)
