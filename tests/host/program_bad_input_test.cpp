@@ -39,18 +39,6 @@ std::string stateBytes(int32_t recordSize, int32_t count, int32_t type, double f
     return bytes;
 }
 
-// A 16-bit mono WAV announcing `sampleRate`, with 100 silent samples.
-std::string wavWithRate(uint32_t sampleRate) {
-    std::string bytes = "RIFF";
-    append<uint32_t>(bytes, 36 + 200);
-    bytes += "WAVEfmt ";
-    for (uint32_t field : {16u, 1u | (1u << 16), sampleRate, sampleRate * 2, 2u | (16u << 16)})
-        append(bytes, field);
-    bytes += "data";
-    append<uint32_t>(bytes, 200);
-    return bytes + std::string(200, '\0');
-}
-
 // Every file in the folder with its contents.
 std::map<std::string, std::string> snapshot(const fs::path& folder) {
     std::map<std::string, std::string> files;
@@ -68,11 +56,7 @@ fs::path makeFixtureFolder() {
     fs::rename(writeTone("x.wav", 1, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 4410), folder / "tone.wav");
     std::string tone = fileContents(folder / "tone.wav");
     writeBytes(folder / "cut.wav", tone.substr(0, tone.size() / 2));
-    std::string flac = fileContents(writeTone("x", 1, SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 44100));
-    writeBytes(folder / "cut.flac", flac.substr(0, flac.size() / 2));
     writeBytes(folder / "text.wav", "these are not samples\n");
-    writeBytes(folder / "rate0.wav", wavWithRate(0));
-    writeBytes(folder / "rate1M.wav", wavWithRate(1000000));
     writeSound((folder / "three.wav").string(), 3, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 100,
                [](int, int) { return 0.0; });
     writeBytes(folder / "old.wav", "an earlier result");
@@ -95,44 +79,25 @@ TEST(ProgramBadInput, FailsWithOneLineAndLeavesTheFolderUnchanged) {
     const Case cases[] = {
         {{}, 2, "no command"},
         {{"equalize"}, 2, "'equalize'"},
-        {{"info", "--louder"}, 2, "--louder"},
         {{"process", "@/tone.wav"}, 2, "process expects IN OUT"},
-        {{"info", "--ui-version"}, 2, "--ui-version needs a value"},
-        {{"info", "--set", "x=0.5"}, 2, "'x'"},
         {{"info", "--set", "7=1.5"}, 2, "0..1"},
-        {{"info", "--set", "12=0.5"}, 2, "no parameter 12"},
-        {{"response", "--band", "peak,1k,6"}, 2, "TYPE,FREQ,GAIN,BANDWIDTH"},
         {{"response", "--band", "shelf,1k,6,1"}, 2, "unknown band type 'shelf'"},
         {{"response", "--band", "peak,1k,nan,1"}, 2, "gain is not a number: 'nan'"},
-        {{"response", "--band", "peak,2.5kk,6,1"}, 2, "'2.5kk'"},
-        {{"response", "--output-gain", "-inf"}, 2, "--output-gain is not a number"},
         {{"response", "--sample-rate", "768001"}, 2, "sample rate"},
-        {{"response", "30000"}, 2, "half the sample rate"},
-        {{"process", "@/tone.wav", "@/b.xyz"}, 2, "b.xyz"},
         {{"process", "@/tone.wav", "@/b.flac", "--format", "double"}, 2, "cannot hold 64-bit float"},
-        {{"process", "@/tone.wav", "@/b.wav", "--format", "pcm12"}, 2, "pcm12"},
         {{"process", "@/tone.wav", "@/link.wav"}, 2, "must differ"},
-        {{"render-editor", "@/x.png", "--at", "2"}, 2, "--at needs --audio"},
+        {{"edit", "--audio", "@/absent.wav"}, 1, "cannot read @/absent.wav"},
         {{"info", "--without-extension", "MURA_Arc"}, 1, "refused"},
-        {{"process", "@/absent.wav", "@/out.wav"}, 1, "cannot read @/absent.wav"},
         {{"process", "@/sub", "@/out.wav"}, 1, "is a directory"},
         {{"process", "@/text.wav", "@/out.wav"}, 1, "not a sound file"},
         {{"process", "@/cut.wav", "@/out.wav"}, 1, "cut short"},
-        {{"process", "@/cut.flac", "@/out.wav"}, 1, "cut short"},
-        {{"process", "@/rate0.wav", "@/out.wav"}, 1, "rate0.wav"},
-        {{"process", "@/rate1M.wav", "@/out.wav"}, 1, "768000"},
         {{"process", "@/three.wav", "@/out.wav"}, 1, "3 channels"},
-        {{"process", "@/tone.wav", "@/absent/out.wav"}, 1, "cannot write @/absent/out.wav"},
         {{"process", "@/tone.wav", "@/sub"}, 1, "cannot write @/sub"},
-        {{"process", "@/tone.wav", "@/old.wav", "--state", "@/bad.state"}, 1, "not a valid state"},
+        {{"load-state", "@/bad.state"}, 1, "not a valid state"},
         {{"process", "@/tone.wav", "@/old.wav", "--state", "@/many.state"}, 1, "claims 2147483647 bands"},
         {{"process", "@/tone.wav", "@/old.wav", "--state", "@/nan.state"}, 1, "not a number"},
         {{"process", "@/tone.wav", "@/old.wav", "--state", "@/record31.state"}, 1, "record size 31"},
         {{"process", "@/tone.wav", "@/old.wav", "--state", "@/trailing.state"}, 1, "ends in 31 bytes"},
-        {{"process", "@/tone.wav", "@/old.wav", "--state", "@/absent.state"}, 1, "cannot read state"},
-        {{"save-state", "@/old.wav", "--state", "@/bad.state"}, 1, "not a valid state"},
-        {{"load-state", "@/bad.state"}, 1, "not a valid state"},
-        {{"render-editor", "@/sub/picture.png", "--audio", "@/text.wav"}, 1, "not a sound file"},
         {{"response", "--state", "@/type12.state"}, 1, "unknown band type 12"},
         {{"demo", "--out", "@/old.wav"}, 1, "cannot make the folder"},
     };

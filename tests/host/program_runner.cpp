@@ -47,11 +47,8 @@ RunningProgram startHostProgram(const std::vector<std::string>& arguments) {
 }
 
 ProgramResult finishHostProgram(const RunningProgram& program) {
+    if (program.processId < 0) return {-1, "", std::string("cannot start ") + OMBRO_HOST_PROGRAM};
     ProgramResult result;
-    if (program.processId < 0) {
-        result.err = std::string("cannot start ") + OMBRO_HOST_PROGRAM;
-        return result;
-    }
     int status = 0;
     waitpid(program.processId, &status, 0);
     if (WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);

@@ -1,5 +1,4 @@
-// Sound files for the program tests: written from a signal, read back, and
-// measured at one frequency.
+// Sound files for the program tests: written, read back, measured at one frequency.
 #pragma once
 
 #include <sndfile.h>
@@ -24,8 +23,7 @@ std::string writeTone(const std::string& name, int channels, int format, int fra
                       double frequency = 1000.0, double amplitude = 0.4);
 SoundContents readSound(const std::string& path);
 
-// The complex amplitude of `channel` at `frequency` Hz over frames [from, to):
-// for an exact number of periods, a sine of peak A gives |A|/2.
+// The complex amplitude at `frequency` Hz over frames [from, to) of `channel`.
 std::complex<double> componentAt(const SoundContents& sound, int channel, double frequency,
                                  int from, int to);
 // The gain in dB at `frequency` from `in` to `out` over frames [from, to).
