@@ -25,7 +25,7 @@ protected:
     }
 };
 
-TEST_F(UnattributedHostCall, AnswersVersionStreamSettingsAndCapabilities) {
+TEST_F(UnattributedHostCall, AnswersWhatAnEffectAsksAndRecordsItsRequestsInOrder) {
     EXPECT_EQ(call(audioMasterVersion), 2400);
     EXPECT_EQ(call(audioMasterGetSampleRate), 44100);
     EXPECT_EQ(call(audioMasterGetBlockSize), 512);
@@ -33,9 +33,8 @@ TEST_F(UnattributedHostCall, AnswersVersionStreamSettingsAndCapabilities) {
     EXPECT_EQ(call(audioMasterCanDo, 0, startStop), 1);
     EXPECT_EQ(call(audioMasterCanDo, 0, events), 0);
     EXPECT_EQ(call(12345, -1, nullptr, 1.0f), 0);
-}
+    clearUnattributedHostCalls();
 
-TEST_F(UnattributedHostCall, ServesExtensionsByNameAndRecordsNoticesInOrder) {
     char name[] = "QIT_fft_permute", unknown[] = "NO_SUCH_FUNCTION";
     EXPECT_EQ(call(kHostExtensionOpcode, kHostExtensionIndex, name),
               reinterpret_cast<intptr_t>(&fftPermute));

@@ -6,15 +6,13 @@
 
 struct ProgramResult {
     int exitCode = -1;  // -1 when it did not exit normally
-    std::string out;
-    std::string err;
+    std::string out, err;
 };
 
-// The program started and left running, for tests that deal with it while it runs.
+// The program left running, for tests that deal with it while it runs.
 struct RunningProgram {
     int processId = -1;  // -1 when it could not be started
-    std::string outPath;
-    std::string errPath;
+    std::string outPath, errPath;
 };
 
 RunningProgram startHostProgram(const std::vector<std::string>& arguments);

@@ -15,7 +15,7 @@ struct SoundContents {
 
 constexpr int kTestSampleRate = 44100;
 
-// Writes `frames` frames in `format` (container | subtype); each sample is `signal(frame, channel)`.
+// Writes `frames` frames of `format`; each sample is `signal(frame, channel)`.
 void writeSound(const std::string& path, int channels, int format, int frames,
                 const std::function<double(int frame, int channel)>& signal);
 // A fresh temporary file holding a sine of `frequency` Hz and peak `amplitude` on every channel.

@@ -25,8 +25,7 @@ namespace {
 constexpr int kGraphLeft = 14, kGraphTop = 19, kGraphRight = 745, kGraphBottom = 277;
 constexpr XPoint kGainBox{595, 380};
 
-// Where the graph puts a handle at `hz` and 0 dB: the logarithmic frequency
-// axis across, 0 dB halfway down the dB axis.
+// Where a handle at `hz` and 0 dB lies: log frequency across, 0 dB halfway down.
 XPoint zeroDbPointOf(double hz) {
     const double position = std::log((hz - 20.0) / 59.95 + 1.0) / 5.993961427306569;
     return {static_cast<short>(kGraphLeft + position * (kGraphRight - kGraphLeft)),
@@ -76,7 +75,7 @@ public:
         return {static_cast<short>(x), static_cast<short>(y)};
     }
     void moveTo(XPoint point) { sync(XTestFakeMotionEvent(display_, -1, point.x, point.y, 0)); }
-    void button(unsigned int which, bool down) { sync(XTestFakeButtonEvent(display_, which, down, 0)); }
+    void button(unsigned which, bool down) { sync(XTestFakeButtonEvent(display_, which, down, 0)); }
     void key(KeySym key, bool down) {
         sync(XTestFakeKeyEvent(display_, XKeysymToKeycode(display_, key), down, 0));
     }
