@@ -126,13 +126,15 @@ TEST(ProgramBadInput, FailsWithOneLineAndLeavesTheFolderUnchanged) {
 }
 
 TEST(ProgramState, OlderLayoutsLoad) {
-    // Records of 32 bytes and a trailer of only the switches and view flags.
-    std::string path = temporaryPath("old.state");
-    writeBytes(path, stateBytes(32, 1, 8, 440.0, false));
-    ProgramResult loaded = runHostProgram({"load-state", path});
-    EXPECT_EQ(loaded.exitCode, 0) << loaded.err;
-    // Such records carry no log-scale automation switch: the frequency automates linearly.
-    EXPECT_TRUE(hasText(loaded.out, "    0  Freq-Band 1          0.018333  440.0 Hz\n"));
+    // Records of 32 bytes, with a trailer of only the switches and view flags or with none.
+    std::string withTrailer = stateBytes(32, 1, 8, 440.0, false);
+    for (const std::string& bytes : {withTrailer, withTrailer.substr(0, 40)}) {
+        std::string path = temporaryPath("old.state");
+        writeBytes(path, bytes);
+        ProgramResult loaded = runHostProgram({"load-state", path});
+        EXPECT_EQ(loaded.exitCode, 0) << loaded.err;
+        EXPECT_TRUE(hasText(loaded.out, "    0  Freq-Band 1          0.018333  440.0 Hz\n"));
+    }
 }
 
 }  // namespace
