@@ -5,7 +5,6 @@
 
 #include <chrono>
 #include <future>
-#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -14,7 +13,7 @@
 #include "engine/eq_band.h"
 #include "plugin/host_imports.h"
 #include "plugin/ui_layer.h"
-#include "tests/editor/response_view_fixture.h"
+#include "tests/editor/editor_fixture.h"
 
 namespace {
 
@@ -90,7 +89,7 @@ const HookedCall kPaintCalls[] = {
     hooked<&kobal::EndPaint>("EndPaint"),
 };
 
-class ResponseViewAudioTest : public ResponseViewTest {};
+class ResponseViewAudioTest : public EditorTest {};
 
 TEST_F(ResponseViewAudioTest, AudioBlockRunsWhileThePaintIsStoppedInsideAnyDrawingCall) {
     openView(600, 120);

@@ -1,0 +1,275 @@
+// The band panel and the output gain as a user types, drags and chooses:
+// the values stored, the texts and fader positions shown, and the edit
+// gestures the host sees.
+#include <cmath>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "editor/band_panel_controls.h"
+#include "editor/editor_messages.h"
+#include "editor/output_gain_display.h"
+#include "engine/eq_band.h"
+#include "host/extensions/fader_curve.h"
+#include "host/ui/combo_box.h"
+#include "host/ui/fader.h"
+#include "host/ui/focus_and_capture.h"
+#include "host/ui/input_injection.h"
+#include "plugin/ui_layer.h"
+#include "tests/editor/editor_fixture.h"
+
+namespace {
+
+// ln(10) / 20 and its inverse: dB to the natural log of a gain and back.
+constexpr double kLogPerDb = 0.11512925464970228;
+constexpr double kDbPerLog = 8.685889638065037;
+
+class BandPanelTest : public OpenEditorTest {
+protected:
+    void type(int id, const std::string& value) {
+        kobal_layer::typeIntoEdit(panelControl(id), value);
+    }
+    int position(HWND fader) const {
+        return static_cast<int>(kobal::SendMessage(fader, TBM_GETPOS, 0, 0));
+    }
+    int position(int id) const { return position(panelControl(id)); }
+    void drag(int id, int to) { ASSERT_TRUE(kobal_layer::dragFaderTo(panelControl(id), to)); }
+    std::string valueText(HWND fader) const {
+        return kobal_layer::faderText(fader, kobal_layer::kFaderValueText);
+    }
+    int listSelection() const {
+        return static_cast<int>(
+            kobal::SendMessage(panelControl(kBandTypeList), CB_GETCURSEL, 0, 0));
+    }
+    // Redesigns band 1 with this type and gain and lets the panel show it.
+    void redesignBandOne(int32_t type, double gain) {
+        {
+            MutexLock lock(instance->mutex);
+            EqBand* b = instance->band(0);
+            designBand(b, type, true, b->frequency, gain, b->bandwidth);
+        }
+        kobal::SendMessage(panel(), WM_REFRESH_BANDPANEL, 0, 0);
+    }
+};
+
+// The frequency fader's axis written out: 20 Hz at 0, 24 kHz at 1000.
+int frequencyPosition(double hz) {
+    return static_cast<int>(std::log(1.0 + 400.0 * (hz - 20.0) / 23980.0) / std::log(401.0) *
+                            1000.0);
+}
+
+// The typed text stays as typed; the fader and the note name follow.
+TEST_F(BandPanelTest, TypedFrequencyMovesTheFaderAndTheNoteName) {
+    struct Case {
+        const char* typed;
+        double frequency;
+        const char* note;
+    };
+    for (const Case& c : {Case{"440", 440.0, "A3"}, Case{"1000", 1000.0, "B4"}}) {
+        SCOPED_TRACE(c.typed);
+        type(kFrequencyEdit, c.typed);
+        EXPECT_EQ(band(0).frequency, c.frequency);
+        EXPECT_EQ(text(panelControl(kFrequencyEdit)), c.typed);
+        EXPECT_EQ(text(panelControl(kNoteNameBox)), c.note);
+        EXPECT_EQ(position(kFrequencyFader), frequencyPosition(c.frequency));
+    }
+    EXPECT_EQ(position(kFrequencyFader), 476);  // 476.05 truncated
+}
+
+// Stored as typed even beyond the faders; text that is no number reads as 0.
+TEST_F(BandPanelTest, TypedValuesAreStoredUnclampedAndNonNumbersAsZero) {
+    struct Case {
+        int edit;
+        const char* typed;
+        double BandSnapshot::*value;
+        double stored;
+    };
+    const Case cases[] = {
+        {kBandwidthEdit, "6", &BandSnapshot::bandwidth, 6.0},
+        {kGainEdit, "-6", &BandSnapshot::gain, std::exp(-6.0 * kLogPerDb)},
+        {kFrequencyEdit, "treble", &BandSnapshot::frequency, 0.0},
+        {kGainEdit, "x", &BandSnapshot::gain, 1.0},
+        {kBandwidthEdit, "wide", &BandSnapshot::bandwidth, 0.0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed);
+        type(c.edit, c.typed);
+        EXPECT_NEAR(band(0).*c.value, c.stored, 1e-15);
+    }
+    type(kBandwidthEdit, "6");
+    EXPECT_EQ(position(kBandwidthFader), 4000);
+}
+
+TEST_F(BandPanelTest, GainsAboveTheDesignCeilingShowAsItsDecibels) {
+    redesignBandOne(LowShelf, 100.0);
+    EXPECT_EQ(text(panelControl(kGainEdit)), "36.1");
+}
+
+// Typing opens one gesture, closed by the poll once the focus has moved,
+// or at once by typing into another box.
+TEST_F(BandPanelTest, TypingOpensOneGestureThatEndsWhenTheUserMovesOn) {
+    type(kGainEdit, "4");
+    // Emptying the box and typing the digit: two edits of parameter 1.
+    EXPECT_EQ(countNotices(audioMasterBeginEdit, 1), 1);
+    EXPECT_EQ(countNotices(audioMasterAutomate, 1), 2);
+    EXPECT_EQ(notices().front().opcode, audioMasterBeginEdit);
+    EXPECT_EQ(notices().back().opt, static_cast<float>(0.25 * std::exp(4.0 * kLogPerDb)));
+    advanceClock(40);
+    EXPECT_EQ(countNotices(audioMasterEndEdit, 1), 0);
+    kobal_layer::SetFocus(control(kOutputGainEdit));
+    advanceClock(40);
+    EXPECT_EQ(countNotices(audioMasterEndEdit, 1), 1);
+    EXPECT_EQ(instance->gestureParam, -1);
+
+    type(kFrequencyEdit, "500");
+    clearNotices();
+    type(kBandwidthEdit, "1");
+    const std::vector<HostNotice> sent = notices();
+    ASSERT_GE(sent.size(), 3u);
+    EXPECT_EQ(sent[0].opcode, audioMasterEndEdit);
+    EXPECT_EQ(sent[0].index, 0);
+    EXPECT_EQ(sent[1].opcode, audioMasterBeginEdit);
+    EXPECT_EQ(sent[1].index, 2);
+}
+
+TEST_F(BandPanelTest, FrequencyFaderSpansTwentyHzToTwentyFourKilohertzOnALogAxis) {
+    drag(kFrequencyFader, 0);
+    ASSERT_EQ(position(kFrequencyFader), 0);
+    EXPECT_EQ(band(0).frequency, 20.0);
+    drag(kFrequencyFader, 1000);
+    ASSERT_EQ(position(kFrequencyFader), 1000);
+    EXPECT_NEAR(band(0).frequency, 24000.0, 1e-9);
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "24000.0");
+    drag(kFrequencyFader, 400);
+    const double axis = position(kFrequencyFader) / 1000.0;
+    EXPECT_NEAR(band(0).frequency, 20.0 + (std::exp(axis * std::log(401.0)) - 1.0) * 59.95, 1e-9);
+}
+
+TEST_F(BandPanelTest, BandwidthFaderCountsThousandthsOfAnOctaveFromTenTo4000) {
+    HWND fader = panelControl(kBandwidthFader);
+    EXPECT_EQ(kobal::SendMessage(fader, kobal_layer::TBM_GETRANGEMIN, 0, 0), 10);
+    EXPECT_EQ(kobal::SendMessage(fader, kobal_layer::TBM_GETRANGEMAX, 0, 0), 4000);
+    EXPECT_EQ(position(fader), 2000);
+    drag(kBandwidthFader, 10);
+    EXPECT_EQ(band(0).bandwidth, 0.01);
+    EXPECT_EQ(text(panelControl(kBandwidthEdit)), "0.01");
+    drag(kBandwidthFader, 4000);
+    EXPECT_EQ(band(0).bandwidth, 4.0);
+    EXPECT_EQ(text(panelControl(kBandwidthEdit)), "4.00");
+}
+
+// The host hears the normalized gain (a quarter of the linear value) while
+// the knob moves, and the end of the edit at the release.
+TEST_F(BandPanelTest, GainFaderFollowsTheHostFaderCurveAndReportsTheDrag) {
+    EXPECT_EQ(position(kGainFader), static_cast<int>(faderPositionOfDb(0.0)));
+    drag(kGainFader, 875);
+    const double db = dbOfFaderPosition(position(kGainFader));
+    EXPECT_NEAR(band(0).gain, std::pow(10.0, db / 20.0), 1e-12);
+    char expected[32];
+    std::snprintf(expected, sizeof expected, "%.1f", db);
+    EXPECT_EQ(text(panelControl(kGainEdit)), expected);
+    EXPECT_EQ(valueText(panelControl(kGainFader)), expected);
+    const std::vector<HostNotice> sent = notices();
+    ASSERT_GE(sent.size(), 2u);
+    for (size_t i = 0; i + 1 < sent.size(); ++i) EXPECT_EQ(sent[i].opcode, audioMasterAutomate);
+    EXPECT_EQ(sent[sent.size() - 2].opt, static_cast<float>(0.25 * band(0).gain));
+    EXPECT_EQ(sent.back().opcode, audioMasterEndEdit);
+    EXPECT_EQ(sent.back().index, 1);
+}
+
+TEST_F(BandPanelTest, TypeListPutsBandThirdAndTheOldVariantsLast) {
+    const std::vector<std::string> entries = {
+        "Low Shelf", "High Shelf", "Band",      "Low Pass",   "High Pass",
+        "All Pass",  "Notch",      "Band Pass", "Band (alt)", "Band (alt 2)"};
+    HWND list = panelControl(kBandTypeList);
+    ASSERT_EQ(kobal::SendMessage(list, kobal_layer::CB_GETCOUNT, 0, 0), 10);
+    for (size_t i = 0; i < entries.size(); ++i) {
+        char entry[64] = "";
+        kobal::SendMessage(list, kobal_layer::CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(entry));
+        EXPECT_EQ(entry, entries[i]) << "entry " << i;
+    }
+}
+
+// Choosing keeps frequency, gain and bandwidth; the list shows a type set
+// from elsewhere.
+TEST_F(BandPanelTest, TypeListChoosesAndShowsTheSelectedBandsType) {
+    const BandSnapshot before = band(0);
+    struct Choice {
+        int entry;
+        int32_t type;
+    };
+    for (const Choice& choice :
+         {Choice{2, Band}, Choice{8, BandAlt}, Choice{9, BandAlt2}, Choice{6, Notch}}) {
+        SCOPED_TRACE(choice.entry);
+        ASSERT_TRUE(kobal_layer::chooseListEntry(panelControl(kBandTypeList), choice.entry));
+        EXPECT_EQ(band(0).type, choice.type);
+        EXPECT_EQ(band(0).frequency, before.frequency);
+        EXPECT_EQ(band(0).gain, before.gain);
+        EXPECT_EQ(band(0).bandwidth, before.bandwidth);
+    }
+    EXPECT_EQ(countNotices(audioMasterAutomate, -1), 4);
+    EXPECT_EQ(notices().size(), 4u);
+    redesignBandOne(BandAlt, 1.0);
+    EXPECT_EQ(listSelection(), 8);
+}
+
+TEST_F(BandPanelTest, WithNoValidBandTheControlsChangeNothing) {
+    std::vector<BandSnapshot> before;
+    for (int i = 0; i < 4; ++i) before.push_back(band(i));
+    instance->selectedBand = 7;
+    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kLogScaleAutomationBox)));
+    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kEnabledBox)));
+    type(kFrequencyEdit, "300");
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(band(i).logScaleAutomation, before[i].logScaleAutomation);
+        EXPECT_EQ(band(i).enabled, before[i].enabled);
+        EXPECT_EQ(band(i).frequency, before[i].frequency);
+    }
+    EXPECT_TRUE(notices().empty());
+}
+
+class OutputGainTest : public BandPanelTest {
+protected:
+    HWND fader() const { return control(kOutputGainFader); }
+    HWND box() const { return control(kOutputGainEdit); }
+};
+
+// The box was emptied (0 dB) and then took the 6: one notice per edit.
+// Text that is no number sets unity gain.
+TEST_F(OutputGainTest, TypedDecibelsSetTheGainAndMoveTheFader) {
+    kobal_layer::typeIntoEdit(box(), "6");
+    EXPECT_NEAR(instance->outputGain, 1.9952623149688795, 1e-15);
+    EXPECT_EQ(position(fader()),
+              static_cast<int>(faderPositionOfDb(std::log(instance->outputGain) * kDbPerLog)));
+    EXPECT_NEAR(position(fader()), 875, 1);  // half way from 0 dB (750) to +12 dB (1000)
+    EXPECT_EQ(valueText(fader()), "6");
+    EXPECT_EQ(text(box()), "6");
+    EXPECT_EQ(countNotices(audioMasterAutomate, -1), 2);
+    kobal_layer::typeIntoEdit(box(), "loud");
+    EXPECT_EQ(instance->outputGain, 1.0);
+    EXPECT_EQ(position(fader()), 750);
+}
+
+// Gains from outside show as dB with one decimal, silent ones as "-inf"
+// while the fader keeps their level (the floor is -150 dB); the host hears
+// nothing of the editor's own writes.
+TEST_F(OutputGainTest, GainsShowAsDecibelTextsAndFaderPositions) {
+    struct Case {
+        double gain;
+        const char* text;
+    };
+    const Case cases[] = {{1.0, "0.0"},       {2.0, "6.0"},    {0.5, "-6.0"},
+                          {1.1e-6, "-119.2"}, {1e-6, "-inf"}, {0.0, "-inf"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        instance->outputGain = c.gain;
+        refresh();
+        EXPECT_EQ(text(box()), c.text);
+        const double db = c.gain > 0.0 ? std::log(c.gain) * kDbPerLog : -150.0;
+        EXPECT_EQ(position(fader()), static_cast<int>(faderPositionOfDb(db)));
+    }
+    EXPECT_EQ(valueText(fader()), "-inf");
+    EXPECT_TRUE(notices().empty());
+}
+
+}  // namespace

@@ -1,0 +1,209 @@
+// The editor's buttons and tab strip as a user works them, what the host
+// hears of them in order, and changes from outside (automation, a smaller
+// state) shown at the next 40 ms poll.
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "editor/band_panel_controls.h"
+#include "editor/editor_controls.h"
+#include "engine/band_list.h"
+#include "engine/band_removal.h"
+#include "engine/eq_band.h"
+#include "host/ui/input_injection.h"
+#include "host/ui/tab_control.h"
+#include "plugin/parameters.h"
+#include "plugin/ui_layer.h"
+#include "tests/editor/editor_fixture.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class EditorCommandsTest : public OpenEditorTest {
+protected:
+    void click(int id) { ASSERT_TRUE(kobal_layer::clickButton(control(id))); }
+    void selectTab(int index) { ASSERT_TRUE(kobal_layer::clickTab(control(kBandTabs), index)); }
+    void appendFlatBand() {
+        ASSERT_TRUE(appendBand(instance, createDesignedBand(Band, 2000.0, 1.0, 1.0,
+                                                            instance->sampleRate)));
+    }
+    // Exactly these notices: an edit ended (when `endedEdit` >= 0), a
+    // changed parameter list (when `delta` != 0), the general change notice.
+    void expectNotices(int32_t endedEdit, int32_t first, int32_t delta) {
+        std::vector<HostNotice> sent = notices();
+        ASSERT_EQ(sent.size(), 1u + (endedEdit >= 0) + (delta != 0));
+        if (endedEdit >= 0) {
+            EXPECT_EQ(sent.front().opcode, audioMasterEndEdit);
+            EXPECT_EQ(sent.front().index, endedEdit);
+        }
+        if (delta != 0) EXPECT_TRUE(sent[sent.size() - 2].isListChange(first, delta));
+        EXPECT_TRUE(sent.back().isHostChanged());
+        clearNotices();
+    }
+};
+
+// A gesture open in the gain box is closed before the list changes.
+TEST_F(EditorCommandsTest, AddBandAppendsAFlatBellSelectsItAndTellsTheHost) {
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "3");
+    clearNotices();
+    click(kAddBandButton);
+    ASSERT_EQ(instance->bandCount(), 5);
+    EXPECT_EQ(instance->selectedBand, 4);
+    EXPECT_EQ(instance->effect.numParams, 15);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
+    EXPECT_EQ(currentTab(), 4);
+    const BandSnapshot added = band(4);
+    EXPECT_EQ(added.type, Band);
+    EXPECT_EQ(added.frequency, 700.0);
+    EXPECT_EQ(added.gain, 1.0);
+    EXPECT_EQ(added.bandwidth, 2.0);
+    EXPECT_NE(added.enabled, 0);
+    expectNotices(1, 12, 3);
+    EXPECT_EQ(instance->gestureParam, -1);
+}
+
+// The host's parameters then address the bands at their new indexes.
+TEST_F(EditorCommandsTest, RemovingABandInTheMiddleKeepsItsIndexForTheNextBand) {
+    selectTab(1);
+    click(kRemoveBandButton);
+    ASSERT_EQ(instance->bandCount(), 3);
+    EXPECT_EQ(instance->selectedBand, 1);
+    EXPECT_EQ(band(1).frequency, 1000.0);  // formerly band 3
+    EXPECT_EQ(instance->effect.numParams, 9);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3"}));
+    EXPECT_EQ(currentTab(), 1);
+    expectNotices(-1, 3, -3);
+    setParameter(&instance->effect, 4, 0.5f);
+    EXPECT_EQ(band(1).gain, 2.0);
+}
+
+TEST_F(EditorCommandsTest, RemovingTheLastBandSelectsTheOneBeforeItButTheOnlyBandStays) {
+    selectTab(3);
+    click(kRemoveBandButton);
+    EXPECT_EQ(instance->selectedBand, 2);
+    EXPECT_EQ(currentTab(), 2);
+    expectNotices(-1, 9, -3);
+    for (int i = 0; i < 2; ++i) click(kRemoveBandButton);
+    ASSERT_EQ(instance->bandCount(), 1);
+    clearNotices();
+    click(kRemoveBandButton);
+    EXPECT_EQ(instance->bandCount(), 1);
+    EXPECT_EQ(instance->effect.numParams, 3);
+    EXPECT_EQ(tabTexts(), (Texts{"1"}));
+    EXPECT_EQ(instance->selectedBand, 0);
+    EXPECT_TRUE(notices().empty());
+}
+
+// From more bands, fewer bands and as many, with a gesture open.
+TEST_F(EditorCommandsTest, ResetDefaultsTellsTheHostHowTheListChanged) {
+    click(kAddBandButton);
+    click(kAddBandButton);
+    clearNotices();
+    click(kResetDefaultsButton);
+    EXPECT_EQ(instance->bandCount(), 4);
+    EXPECT_EQ(instance->effect.numParams, 12);
+    EXPECT_EQ(instance->selectedBand, 0);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4"}));
+    EXPECT_EQ(currentTab(), 0);
+    expectNotices(-1, 12, -6);
+    click(kRemoveBandButton);
+    clearNotices();
+    click(kResetDefaultsButton);
+    expectNotices(-1, 9, 3);
+    EXPECT_EQ(band(0).type, LowShelf);
+    EXPECT_EQ(band(0).frequency, 100.0);
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "5");
+    clearNotices();
+    click(kResetDefaultsButton);
+    EXPECT_EQ(band(0).gain, 1.0);
+    expectNotices(1, 0, 0);
+}
+
+// The panel showed band 4 (a high shelf); right after the reset, before any
+// timer tick, it shows band 1, and its faders work on band 1 as it now is.
+TEST_F(EditorCommandsTest, ResetDefaultsShowsBandOneInThePanelAtOnce) {
+    selectTab(3);
+    advanceClock(40);
+    ASSERT_EQ(text(panelControl(kFrequencyEdit)), "5000.0");
+    click(kResetDefaultsButton);
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "100.0");
+    EXPECT_EQ(kobal::SendMessage(panelControl(kBandTypeList), CB_GETCURSEL, 0, 0), 0);
+    ASSERT_TRUE(kobal_layer::dragFaderTo(panelControl(kFrequencyFader), 300));
+    EXPECT_EQ(band(0).type, LowShelf);
+    EXPECT_NE(band(0).frequency, 100.0);
+    EXPECT_EQ(band(3).frequency, 5000.0);
+}
+
+// Band 6 of 6 is selected when a state of two bands arrives: the refresh
+// selects band 2, its tab and its values, and typing and "Remove band" act on it.
+TEST_F(EditorCommandsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
+    ASSERT_TRUE(removeBandAt(instance, 3));
+    ASSERT_TRUE(removeBandAt(instance, 2));
+    void* data = nullptr;
+    const intptr_t size =
+        instance->effect.dispatcher(&instance->effect, effGetChunk, 0, 0, &data, 0.0f);
+    std::vector<uint8_t> twoBands(static_cast<uint8_t*>(data), static_cast<uint8_t*>(data) + size);
+    for (int i = 0; i < 4; ++i) appendFlatBand();
+    refresh();
+    selectTab(5);
+    advanceClock(40);
+    ASSERT_EQ(text(panelControl(kFrequencyEdit)), "2000.0");
+
+    instance->effect.dispatcher(&instance->effect, effSetChunk, 0, size, twoBands.data(), 0.0f);
+    advanceClock(40);
+    EXPECT_EQ(instance->selectedBand, 1);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2"}));
+    EXPECT_EQ(currentTab(), 1);
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "300.0");
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "6");
+    EXPECT_NEAR(band(1).gain, 1.9952623149688795, 1e-12);
+    click(kRemoveBandButton);
+    EXPECT_EQ(instance->bandCount(), 1);
+    EXPECT_EQ(band(0).type, LowShelf);
+}
+
+// At the default size (1020 by 640) forty tabs do not fit: the strip scrolls,
+// every band can be chosen, and a band added from the editor shows its tab.
+TEST_F(EditorCommandsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
+    kobal::SetWindowPos(hostWindow, nullptr, 0, 0, 1020, 640, SWP_NOMOVE | SWP_NOZORDER);
+    advanceClock(40);
+    for (int i = 4; i < 40; ++i) appendFlatBand();
+    refresh();
+    HWND tabs = control(kBandTabs);
+    ASSERT_GT(kobal_layer::tabScrollButtonRect(tabs, 1).right, 0);
+    for (int index : {39, 0, 25, 12}) {
+        SCOPED_TRACE(index);
+        selectTab(index);
+        EXPECT_EQ(instance->selectedBand, index);
+    }
+    click(kAddBandButton);
+    EXPECT_EQ(currentTab(), 40);
+    EXPECT_GT(kobal_layer::tabHeaderRect(tabs, 40).right, 0);
+}
+
+TEST_F(EditorCommandsTest, AutomationShowsInTheControlsOnlyWhenThePollFires) {
+    advanceClock(40);  // a first poll, so the next one is a whole period away
+    setParameter(&instance->effect, 1, 0.5f);  // band 1's gain to 2.0
+    EXPECT_EQ(band(0).gain, 2.0);
+    advanceClock(39);
+    EXPECT_EQ(text(panelControl(kGainEdit)), "0.0");
+    advanceClock(1);
+    EXPECT_EQ(text(panelControl(kGainEdit)), "6.0");
+    EXPECT_TRUE(notices().empty());
+}
+
+TEST_F(EditorCommandsTest, ClosingTheEditorEndsTheGestureAndForgetsTheWindows) {
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "2");
+    clearNotices();
+    kobal::DestroyWindow(editor());
+    EXPECT_EQ(instance->editorWindow.load(), nullptr);
+    EXPECT_EQ(instance->editorSizer.dialog, nullptr);
+    EXPECT_EQ(instance->panelSizer.dialog, nullptr);
+    ASSERT_EQ(notices().size(), 1u);
+    EXPECT_EQ(notices()[0].opcode, audioMasterEndEdit);
+    setParameter(&instance->effect, 1, 0.25f);
+    EXPECT_EQ(instance->refreshRequested, 0);
+}
+
+}  // namespace

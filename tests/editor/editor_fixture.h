@@ -1,0 +1,101 @@
+// An instance with its editor open in a host window of the stand-in
+// windowing layer, on the layer's test clock. The plug-in's kobal:: slots are
+// bound to the layer's functions, as loading the library would; the host
+// callback answers the extension requests from the host's own table and
+// records every notice.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "contracts/host_extensions.h"
+#include "contracts/kobal.h"
+#include "plugin/eq_instance.h"
+#include "plugin/ui_layer.h"
+
+void bindHostLayerOnce();
+LRESULT ignoringDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+// A child window's rectangle in its parent's client coordinates.
+RECT rectInParent(HWND window);
+
+struct HostNotice {
+    int32_t opcode;
+    int32_t index;
+    float opt;
+    std::optional<ParamListChange> paramListChange;
+    bool isListChange(int32_t first, int32_t delta) const;
+    bool isHostChanged() const { return opcode == audioMasterAutomate && index == -1; }
+};
+
+// A band's values, read under the lock.
+struct BandSnapshot {
+    int32_t type;
+    double frequency, gain, bandwidth;
+    int32_t enabled;
+    bool logScaleAutomation;
+};
+
+class EditorTest : public ::testing::Test {
+protected:
+    static constexpr int kHostWidth = 1100;
+    static constexpr int kHostHeight = 700;
+
+    void SetUp() override;
+    void TearDown() override;
+
+    // Opens the editor in a host window of this client size and delivers the
+    // first sizing pass.
+    void openEditorIn(int width, int height);
+    // Opens the editor at the default size and gives the graph this client size.
+    void openView(int width, int height);
+
+    HWND editor() const { return instance->editorWindow.load(); }
+    HWND panel() const { return instance->bandPanelWindow; }
+    HWND control(int id) const { return kobal::GetDlgItem(editor(), id); }
+    HWND panelControl(int id) const { return kobal::GetDlgItem(panel(), id); }
+    void refresh() const;  // as the poll does after a change from outside
+    // Moves the test clock on and lets the pump deliver what is due.
+    void advanceClock(uint32_t milliseconds);
+
+    std::vector<HostNotice> notices() const;
+    void clearNotices();
+    int countNotices(int32_t opcode, int32_t index) const;
+
+    std::vector<std::string> tabTexts() const;
+    int currentTab() const;
+    std::string text(HWND window) const;
+    bool isShown(HWND window) const;
+
+    BandSnapshot band(int index) const;
+    // Replaces band `index` the way the editor does, under the lock.
+    void setBand(int index, int32_t type, double frequency, double gain, double bandwidth,
+                 bool enabled = true);
+    void silenceAllBands();
+
+    // The graph: painting, its off-screen bitmap and its points on the screen.
+    void paint() const { kobal::SendMessage(view, WM_PAINT, 0, 0); }
+    uint32_t pixel(int x, int y) const;
+    int countPixels(uint32_t color, int left, int top, int right, int bottom) const;
+    POINT screenPoint(int x, int y) const;
+    // Both channels of `input` through processDoubleReplacing.
+    void process(const std::vector<double>& input);
+
+    EqInstance* instance = nullptr;
+    HWND hostWindow = nullptr;
+    HWND view = nullptr;
+};
+
+// The editor already open in a host window of the default size, with the
+// notices of the opening cleared.
+class OpenEditorTest : public EditorTest {
+protected:
+    void SetUp() override {
+        EditorTest::SetUp();
+        if (!HasFatalFailure()) openEditorIn(kHostWidth, kHostHeight);
+        clearNotices();
+    }
+};
