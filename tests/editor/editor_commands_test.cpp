@@ -1,19 +1,17 @@
-// The editor's buttons and tab strip as a user works them, what the host
-// hears of them in order, and changes from outside (automation, a smaller
-// state) shown at the next 40 ms poll.
-#include <cmath>
+// The editor's buttons, switches and tab strip as a user works them, what
+// the host hears of them in order, the layout they change, and changes from
+// outside (automation, a smaller state) shown at the next 40 ms poll.
 #include <string>
 #include <vector>
 
 #include "editor/band_panel_controls.h"
 #include "editor/editor_controls.h"
+#include "editor/editor_dialog.h"
 #include "engine/band_list.h"
 #include "engine/band_removal.h"
-#include "engine/eq_band.h"
 #include "host/ui/input_injection.h"
 #include "host/ui/tab_control.h"
 #include "plugin/parameters.h"
-#include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
 
 namespace {
@@ -28,18 +26,17 @@ protected:
         ASSERT_TRUE(appendBand(instance, createDesignedBand(Band, 2000.0, 1.0, 1.0,
                                                             instance->sampleRate)));
     }
-    // Exactly these notices: an edit ended (when `endedEdit` >= 0), a
-    // changed parameter list (when `delta` != 0), the general change notice.
+    // Exactly these notices, then forgets them: an edit ended (unless
+    // `endedEdit` is -1), a changed parameter list (unless `delta` is 0) and
+    // the general change notice.
     void expectNotices(int32_t endedEdit, int32_t first, int32_t delta) {
-        std::vector<HostNotice> sent = notices();
+        const std::vector<HostNotice> sent = notices();
+        clearNotices();
         ASSERT_EQ(sent.size(), 1u + (endedEdit >= 0) + (delta != 0));
-        if (endedEdit >= 0) {
-            EXPECT_EQ(sent.front().opcode, audioMasterEndEdit);
-            EXPECT_EQ(sent.front().index, endedEdit);
-        }
+        if (endedEdit >= 0) EXPECT_EQ(sent[0].opcode, audioMasterEndEdit);
+        if (endedEdit >= 0) EXPECT_EQ(sent[0].index, endedEdit);
         if (delta != 0) EXPECT_TRUE(sent[sent.size() - 2].isListChange(first, delta));
         EXPECT_TRUE(sent.back().isHostChanged());
-        clearNotices();
     }
 };
 
@@ -48,26 +45,24 @@ TEST_F(EditorCommandsTest, AddBandAppendsAFlatBellSelectsItAndTellsTheHost) {
     kobal_layer::typeIntoEdit(panelControl(kGainEdit), "3");
     clearNotices();
     click(kAddBandButton);
-    ASSERT_EQ(instance->bandCount(), 5);
     EXPECT_EQ(instance->selectedBand, 4);
     EXPECT_EQ(instance->effect.numParams, 15);
     EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
     EXPECT_EQ(currentTab(), 4);
-    const BandSnapshot added = band(4);
+    const EqBand added = band(4);
     EXPECT_EQ(added.type, Band);
     EXPECT_EQ(added.frequency, 700.0);
     EXPECT_EQ(added.gain, 1.0);
     EXPECT_EQ(added.bandwidth, 2.0);
     EXPECT_NE(added.enabled, 0);
     expectNotices(1, 12, 3);
-    EXPECT_EQ(instance->gestureParam, -1);
 }
 
-// The host's parameters then address the bands at their new indexes.
-TEST_F(EditorCommandsTest, RemovingABandInTheMiddleKeepsItsIndexForTheNextBand) {
+// The host's parameters then address the bands at their new indexes; the
+// last band's removal selects the one before it; the only band stays.
+TEST_F(EditorCommandsTest, RemoveBandKeepsTheSelectedIndexWhileThereIsABandThere) {
     selectTab(1);
     click(kRemoveBandButton);
-    ASSERT_EQ(instance->bandCount(), 3);
     EXPECT_EQ(instance->selectedBand, 1);
     EXPECT_EQ(band(1).frequency, 1000.0);  // formerly band 3
     EXPECT_EQ(instance->effect.numParams, 9);
@@ -76,16 +71,12 @@ TEST_F(EditorCommandsTest, RemovingABandInTheMiddleKeepsItsIndexForTheNextBand) 
     expectNotices(-1, 3, -3);
     setParameter(&instance->effect, 4, 0.5f);
     EXPECT_EQ(band(1).gain, 2.0);
-}
-
-TEST_F(EditorCommandsTest, RemovingTheLastBandSelectsTheOneBeforeItButTheOnlyBandStays) {
-    selectTab(3);
+    selectTab(2);
     click(kRemoveBandButton);
-    EXPECT_EQ(instance->selectedBand, 2);
-    EXPECT_EQ(currentTab(), 2);
-    expectNotices(-1, 9, -3);
-    for (int i = 0; i < 2; ++i) click(kRemoveBandButton);
-    ASSERT_EQ(instance->bandCount(), 1);
+    EXPECT_EQ(instance->selectedBand, 1);
+    EXPECT_EQ(currentTab(), 1);
+    expectNotices(-1, 6, -3);
+    click(kRemoveBandButton);
     clearNotices();
     click(kRemoveBandButton);
     EXPECT_EQ(instance->bandCount(), 1);
@@ -95,13 +86,12 @@ TEST_F(EditorCommandsTest, RemovingTheLastBandSelectsTheOneBeforeItButTheOnlyBan
     EXPECT_TRUE(notices().empty());
 }
 
-// From more bands, fewer bands and as many, with a gesture open.
+// From more bands, from fewer, and from as many with a gesture open.
 TEST_F(EditorCommandsTest, ResetDefaultsTellsTheHostHowTheListChanged) {
     click(kAddBandButton);
     click(kAddBandButton);
     clearNotices();
     click(kResetDefaultsButton);
-    EXPECT_EQ(instance->bandCount(), 4);
     EXPECT_EQ(instance->effect.numParams, 12);
     EXPECT_EQ(instance->selectedBand, 0);
     EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4"}));
@@ -112,7 +102,6 @@ TEST_F(EditorCommandsTest, ResetDefaultsTellsTheHostHowTheListChanged) {
     click(kResetDefaultsButton);
     expectNotices(-1, 9, 3);
     EXPECT_EQ(band(0).type, LowShelf);
-    EXPECT_EQ(band(0).frequency, 100.0);
     kobal_layer::typeIntoEdit(panelControl(kGainEdit), "5");
     clearNotices();
     click(kResetDefaultsButton);
@@ -173,7 +162,6 @@ TEST_F(EditorCommandsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
     HWND tabs = control(kBandTabs);
     ASSERT_GT(kobal_layer::tabScrollButtonRect(tabs, 1).right, 0);
     for (int index : {39, 0, 25, 12}) {
-        SCOPED_TRACE(index);
         selectTab(index);
         EXPECT_EQ(instance->selectedBand, index);
     }
@@ -193,17 +181,42 @@ TEST_F(EditorCommandsTest, AutomationShowsInTheControlsOnlyWhenThePollFires) {
     EXPECT_TRUE(notices().empty());
 }
 
-TEST_F(EditorCommandsTest, ClosingTheEditorEndsTheGestureAndForgetsTheWindows) {
-    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "2");
-    clearNotices();
-    kobal::DestroyWindow(editor());
-    EXPECT_EQ(instance->editorWindow.load(), nullptr);
-    EXPECT_EQ(instance->editorSizer.dialog, nullptr);
-    EXPECT_EQ(instance->panelSizer.dialog, nullptr);
-    ASSERT_EQ(notices().size(), 1u);
-    EXPECT_EQ(notices()[0].opcode, audioMasterEndEdit);
-    setParameter(&instance->effect, 1, 0.25f);
-    EXPECT_EQ(instance->refreshRequested, 0);
+// The graph then reaches down to just above the buttons, and the choice
+// holds when the editor opens again.
+TEST_F(EditorCommandsTest, HidingTabsHidesStripAndPanelAndExtendsTheGraph) {
+    const RECT withTabs = rectInParent(view);
+    click(kShowTabsBox);
+    EXPECT_EQ(instance->showTabs, 0);
+    expectNotices(-1, 0, 0);
+    for (int reopened = 0; reopened < 2; ++reopened) {
+        SCOPED_TRACE(reopened);
+        EXPECT_FALSE(isShown(control(kBandTabs)));
+        EXPECT_FALSE(isShown(panel()));
+        EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowTabsBox), BST_UNCHECKED);
+        const RECT graph = rectInParent(control(kResponseViewControl));
+        EXPECT_EQ(graph.bottom, rectInParent(control(kRemoveBandButton)).top - 4);
+        EXPECT_EQ(graph.top, withTabs.top);
+        EXPECT_EQ(graph.right, withTabs.right);
+        ASSERT_TRUE(openEditor(instance, hostWindow));
+        advanceClock(0);
+    }
+    click(kShowTabsBox);
+    EXPECT_TRUE(isShown(panel()));
+    EXPECT_EQ(rectInParent(control(kResponseViewControl)).bottom, withTabs.bottom);
+}
+
+// It fills a larger parent at the next poll but never shrinks below the
+// dialog's own size.
+TEST_F(EditorCommandsTest, EditorFillsItsParentButNeverShrinksBelowTheDialog) {
+    EXPECT_EQ(rectInParent(editor()).right, kHostWidth);
+    EXPECT_EQ(instance->editorHeight, kHostHeight - rectInParent(editor()).top);
+    kobal::SetWindowPos(hostWindow, nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER);
+    advanceClock(40);
+    RECT client{};
+    kobal::GetClientRect(editor(), &client);
+    EXPECT_EQ(client.right, 596);
+    EXPECT_EQ(client.bottom, 368);
+    EXPECT_EQ(instance->editorWidth, 596);
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include "editor/editor_dialog.h"
 #include "editor/editor_messages.h"
 #include "engine/audio_processing.h"
-#include "engine/eq_band.h"
 #include "host/extensions/extension_table.h"
 #include "host/ui/host_clock.h"
 #include "host/ui/host_windows.h"
@@ -17,7 +16,6 @@
 #include "host/ui/tab_control.h"
 #include "host/ui/window_tree.h"
 #include "plugin/instance.h"
-#include "plugin/ui_layer.h"
 
 namespace {
 
@@ -29,7 +27,7 @@ intptr_t recordingHost(AEffect*, int32_t opcode, int32_t index, intptr_t, void* 
         return reinterpret_cast<intptr_t>(findHostExtension(static_cast<const char*>(ptr)));
     HostNotice notice{opcode, index, opt, std::nullopt};
     if (opcode == audioMasterVendorSpecific && index == kHostExtensionOpcode && ptr)
-        notice.paramListChange = *static_cast<const ParamListChange*>(ptr);
+        notice.listChange = *static_cast<const ParamListChange*>(ptr);
     std::lock_guard<std::mutex> lock(noticesMutex);
     recordedNotices.push_back(notice);
     return 0;
@@ -42,19 +40,12 @@ void bindHostLayerOnce() {
     std::call_once(bound, bindUiLayer);
 }
 
-LRESULT ignoringDialogProcedure(HWND, UINT, WPARAM, LPARAM) { return 0; }
-
 RECT rectInParent(HWND window) {
     RECT screen{};
     kobal::GetWindowRect(window, &screen);
     POINT corners[] = {{screen.left, screen.top}, {screen.right, screen.bottom}};
     for (POINT& corner : corners) kobal::ScreenToClient(kobal::GetParent(window), &corner);
     return RECT{corners[0].x, corners[0].y, corners[1].x, corners[1].y};
-}
-
-bool HostNotice::isListChange(int32_t first, int32_t delta) const {
-    return opcode == audioMasterVendorSpecific && paramListChange &&
-           paramListChange->first == first && paramListChange->delta == delta;
 }
 
 void EditorTest::SetUp() {
@@ -75,17 +66,14 @@ void EditorTest::TearDown() {
 
 void EditorTest::openEditorIn(int width, int height) {
     hostWindow = kobal_layer::createHostWindow("host", RECT{50, 40, 50 + width, 40 + height});
-    ASSERT_NE(hostWindow, nullptr);
     ASSERT_TRUE(openEditor(instance, hostWindow));
-    ASSERT_NE(editor(), nullptr);
     kobal_layer::pumpMessages();
     view = control(kResponseViewControl);
 }
 
 void EditorTest::openView(int width, int height) {
     openEditorIn(kHostWidth, kHostHeight);
-    kobal::SetWindowPos(view, nullptr, 0, 0, width, height,
-                        SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    kobal::SetWindowPos(view, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
 }
 
 void EditorTest::refresh() const { kobal::SendMessage(editor(), WM_REFRESH_EDITOR, 0, 0); }
@@ -114,9 +102,8 @@ int EditorTest::countNotices(int32_t opcode, int32_t index) const {
 
 std::vector<std::string> EditorTest::tabTexts() const {
     std::vector<std::string> texts;
-    HWND tabs = control(kBandTabs);
-    for (int i = 0; i < kobal::TabCtrl_GetItemCount(tabs); ++i)
-        texts.emplace_back(kobal_layer::tabText(tabs, i));
+    for (int i = 0; i < kobal::TabCtrl_GetItemCount(control(kBandTabs)); ++i)
+        texts.emplace_back(kobal_layer::tabText(control(kBandTabs), i));
     return texts;
 }
 
@@ -132,26 +119,31 @@ bool EditorTest::isShown(HWND window) const {
     return record && record->visible;
 }
 
-BandSnapshot EditorTest::band(int index) const {
+EqBand EditorTest::band(int index) const {
     MutexLock lock(instance->mutex);
-    const EqBand* b = instance->band(index);
-    if (!b) return BandSnapshot{-1, 0, 0, 0, 0, false};
-    return BandSnapshot{b->type, b->frequency, b->gain, b->bandwidth, b->enabled,
-                        b->logScaleAutomation != 0};
+    const EqBand* found = instance->band(index);
+    return found ? *found : EqBand{};
 }
 
 void EditorTest::setBand(int index, int32_t type, double frequency, double gain,
                          double bandwidth, bool enabled) {
     MutexLock lock(instance->mutex);
-    EqBand* b = instance->band(index);
-    ASSERT_NE(b, nullptr);
-    designBand(b, type, true, frequency, gain, bandwidth);
-    b->enabled = enabled ? 1 : 0;
+    EqBand* found = instance->band(index);
+    ASSERT_NE(found, nullptr);
+    designBand(found, type, true, frequency, gain, bandwidth);
+    found->enabled = enabled ? 1 : 0;
 }
 
 void EditorTest::silenceAllBands() {
     MutexLock lock(instance->mutex);
     for (int i = 0; i < instance->bandCount(); ++i) instance->band(i)->enabled = 0;
+}
+
+void EditorTest::process(const std::vector<double>& input) {
+    std::vector<double> left = input, right = input, out(2 * input.size());
+    double* inputs[] = {left.data(), right.data()};
+    double* outputs[] = {out.data(), out.data() + input.size()};
+    processDoubleReplacing(&instance->effect, inputs, outputs, static_cast<int>(input.size()));
 }
 
 uint32_t EditorTest::pixel(int x, int y) const {
@@ -169,11 +161,4 @@ int EditorTest::countPixels(uint32_t color, int left, int top, int right, int bo
 
 POINT EditorTest::screenPoint(int x, int y) const {
     return kobal_layer::screenPointOf(view, POINT{x, y});
-}
-
-void EditorTest::process(const std::vector<double>& input) {
-    std::vector<double> left = input, right = input, out(2 * input.size());
-    double* inputs[] = {left.data(), right.data()};
-    double* outputs[] = {out.data(), out.data() + input.size()};
-    processDoubleReplacing(&instance->effect, inputs, outputs, static_cast<int>(input.size()));
 }

@@ -7,46 +7,35 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "contracts/host_extensions.h"
-#include "contracts/kobal.h"
+#include "engine/eq_band.h"
 #include "plugin/eq_instance.h"
 #include "plugin/ui_layer.h"
 
 void bindHostLayerOnce();
-LRESULT ignoringDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // A child window's rectangle in its parent's client coordinates.
 RECT rectInParent(HWND window);
 
 struct HostNotice {
-    int32_t opcode;
-    int32_t index;
+    int32_t opcode, index;
     float opt;
-    std::optional<ParamListChange> paramListChange;
-    bool isListChange(int32_t first, int32_t delta) const;
+    std::optional<ParamListChange> listChange;
+    bool isListChange(int32_t first, int32_t delta) const {
+        return listChange && listChange->first == first && listChange->delta == delta;
+    }
     bool isHostChanged() const { return opcode == audioMasterAutomate && index == -1; }
-};
-
-// A band's values, read under the lock.
-struct BandSnapshot {
-    int32_t type;
-    double frequency, gain, bandwidth;
-    int32_t enabled;
-    bool logScaleAutomation;
 };
 
 class EditorTest : public ::testing::Test {
 protected:
-    static constexpr int kHostWidth = 1100;
-    static constexpr int kHostHeight = 700;
+    static constexpr int kHostWidth = 1100, kHostHeight = 700;
 
     void SetUp() override;
     void TearDown() override;
-
     // Opens the editor in a host window of this client size and delivers the
     // first sizing pass.
     void openEditorIn(int width, int height);
@@ -64,25 +53,24 @@ protected:
     std::vector<HostNotice> notices() const;
     void clearNotices();
     int countNotices(int32_t opcode, int32_t index) const;
-
     std::vector<std::string> tabTexts() const;
     int currentTab() const;
     std::string text(HWND window) const;
     bool isShown(HWND window) const;
 
-    BandSnapshot band(int index) const;
-    // Replaces band `index` the way the editor does, under the lock.
+    EqBand band(int index) const;  // a copy, taken under the lock
+    // Redesigns band `index` the way the editor does, under the lock.
     void setBand(int index, int32_t type, double frequency, double gain, double bandwidth,
                  bool enabled = true);
     void silenceAllBands();
+    // Both channels of `input` through processDoubleReplacing.
+    void process(const std::vector<double>& input);
 
-    // The graph: painting, its off-screen bitmap and its points on the screen.
+    // The graph: painting and the pixels of its off-screen bitmap.
     void paint() const { kobal::SendMessage(view, WM_PAINT, 0, 0); }
     uint32_t pixel(int x, int y) const;
     int countPixels(uint32_t color, int left, int top, int right, int bottom) const;
     POINT screenPoint(int x, int y) const;
-    // Both channels of `input` through processDoubleReplacing.
-    void process(const std::vector<double>& input);
 
     EqInstance* instance = nullptr;
     HWND hostWindow = nullptr;

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/eq_band.h"
@@ -36,11 +37,7 @@ float logNormalized(double hz) {
         std::log((hz - 20.0) * 4.170141784820684e-5 * 400.0 + 1.0) * 0.16683457378359495);
 }
 
-struct Notice {
-    int32_t opcode;
-    int32_t index;
-    bool operator==(const Notice&) const = default;
-};
+using Notices = std::vector<std::pair<int32_t, int32_t>>;  // opcode, index
 
 // Band 3 (index 2) is a flat bell at 1 kHz: its handle is at (285, 60).
 class GraphEditingTest : public EditorTest {
@@ -60,12 +57,11 @@ protected:
         release(toX, toY);
     }
     void wheel(int x, int y, int delta) { kobal_layer::turnWheel(screenPoint(x, y), delta); }
-    std::vector<Notice> gestureNotices() const {
-        std::vector<Notice> result;
+    Notices gestureNotices() const {
+        Notices result;
         for (const HostNotice& n : notices())
-            if (n.opcode == audioMasterAutomate || n.opcode == audioMasterBeginEdit ||
-                n.opcode == audioMasterEndEdit)
-                result.push_back(Notice{n.opcode, n.index});
+            if (n.index >= 0) // edits of parameters, not the general change notice
+                result.emplace_back(n.opcode, n.index);
         return result;
     }
     int hit(int x, int y) { return hitTestBand(*instance, view, x, y, nullptr, true); }
@@ -90,7 +86,7 @@ TEST_F(GraphEditingTest, DragMovesFrequencyAndGainAndReportsThemToTheHost) {
     EXPECT_EQ(instance->selectedBand, 2);
     EXPECT_EQ(kobal::GetCapture(), view);
     move(300, 50);
-    const BandSnapshot moved = band(2);
+    const EqBand moved = band(2);
     const double frequency = 1000.0 * hzAt(300) / hzAt(285);
     EXPECT_EQ(moved.frequency, frequency);
     const double db = std::log(ampAt(50)) * kDbPerLog - std::log(ampAt(60)) * kDbPerLog;
@@ -102,7 +98,7 @@ TEST_F(GraphEditingTest, DragMovesFrequencyAndGainAndReportsThemToTheHost) {
     EXPECT_EQ(during[1].opt, static_cast<float>(0.25 * moved.gain));
     release(300, 50);
     EXPECT_EQ(gestureNotices(),
-              (std::vector<Notice>{{audioMasterAutomate, 6}, {audioMasterAutomate, 7},
+              (Notices{{audioMasterAutomate, 6}, {audioMasterAutomate, 7},
                                    {audioMasterEndEdit, 6}, {audioMasterEndEdit, 7}}));
     EXPECT_EQ(instance->hoverBand, -1);
     EXPECT_EQ(kobal::GetCapture(), nullptr);
@@ -116,7 +112,7 @@ TEST_F(GraphEditingTest, ShiftDragDoublesTheBandwidthEveryFiftyPixels) {
     EXPECT_EQ(band(2).frequency, 1000.0);
     EXPECT_EQ(band(2).gain, 1.0);
     EXPECT_EQ(gestureNotices(),
-              (std::vector<Notice>{{audioMasterAutomate, 8}, {audioMasterEndEdit, 8}}));
+              (Notices{{audioMasterAutomate, 8}, {audioMasterEndEdit, 8}}));
     setBand(2, Band, 1000.0, 1.0, 0.0);
     drag(285, 60, 400, 60);
     EXPECT_EQ(band(2).bandwidth, 0.0);
@@ -132,24 +128,13 @@ TEST_F(GraphEditingTest, ControlAndAltLockOneValueAndMakeTheOtherFine) {
     const double fine = 0.1 * std::log(ampAt(40)) * kDbPerLog + 0.9 * before;
     EXPECT_EQ(band(2).gain, std::exp((fine - before) * kLogPerDb));
     EXPECT_EQ(gestureNotices(),
-              (std::vector<Notice>{{audioMasterAutomate, 7}, {audioMasterEndEdit, 7}}));
+              (Notices{{audioMasterAutomate, 7}, {audioMasterEndEdit, 7}}));
     kobal_layer::holdKey(VK_CONTROL, false);
     setBand(2, Band, 1000.0, 1.0, 1.0);
     kobal_layer::holdKey(VK_MENU, true);
     drag(285, 60, 345, 20);
     EXPECT_EQ(band(2).gain, 1.0);
     EXPECT_EQ(band(2).frequency, 1000.0 * (0.2 * hzAt(345) + 0.8 * hzAt(285)) / hzAt(285));
-}
-
-TEST_F(GraphEditingTest, DraggingBelowTheBottomSilencesTheBandAndBackBringsItToTheEdge) {
-    press(285, 60);
-    move(285, 131);  // -14.2 dB: more than one dB under the bottom edge
-    EXPECT_EQ(band(2).gain, kOffGraphGain);
-    move(285, 116);  // -11.2 dB: not yet one dB inside the graph
-    EXPECT_EQ(band(2).gain, kOffGraphGain);
-    move(285, 110);  // -10 dB
-    EXPECT_EQ(band(2).gain, std::exp(-12.0 * kLogPerDb));
-    release(285, 110);
 }
 
 // The selected band first, then the higher index; band 1 (100 Hz, column
@@ -181,30 +166,14 @@ TEST_F(GraphEditingTest, DoubleClickTogglesTheBandAndTheWheelChangesItsBandwidth
     EXPECT_EQ(band(2).enabled, 1);
     wheel(285, 60, 120);
     EXPECT_EQ(band(2).bandwidth, 1.2);
-    wheel(285, 60, 240);
-    EXPECT_EQ(band(2).bandwidth, 1.2 + 0.2);
-    wheel(285, 60, -120);
-    EXPECT_EQ(band(2).bandwidth, 1.2 + 0.2 - 0.2);
+    wheel(285, 60, -240);
+    EXPECT_EQ(band(2).bandwidth, 1.2 - 0.2);
     wheel(100, 20, 120);  // over no handle
-    EXPECT_EQ(band(2).bandwidth, 1.2 + 0.2 - 0.2);
+    EXPECT_EQ(band(2).bandwidth, 1.2 - 0.2);
     setBand(2, Band, 1000.0, 1.0, 3.9);
     wheel(285, 60, 120);
     EXPECT_EQ(band(2).bandwidth, 4.0);
     EXPECT_TRUE(gestureNotices().empty());
-}
-
-TEST_F(GraphEditingTest, RightClickOnAHandleSelectsItAndOffersEveryItemChecked) {
-    instance->selectedBand = 0;
-    choose(0);
-    EXPECT_EQ(instance->selectedBand, 2);
-    EXPECT_EQ(currentTab(), 2);
-    for (UINT id = 40001; id <= 40016; ++id)
-        if (id != 40005) EXPECT_TRUE(item(id).enabled) << id;
-    EXPECT_TRUE(item(kEnableBandCommand).checked);
-    EXPECT_TRUE(item(kFirstBandTypeCommand + Band).checked);
-    EXPECT_FALSE(item(kFirstBandTypeCommand + LowShelf).checked);
-    EXPECT_EQ(instance->bandCount(), 4);  // dismissed: nothing changed
-    EXPECT_TRUE(notices().empty());
 }
 
 // The selected band 1, a low shelf, keeps its checks.
@@ -225,7 +194,7 @@ TEST_F(GraphEditingTest, RightClickOnEmptySpaceGraysTheBandItems) {
 TEST_F(GraphEditingTest, AddNewBandLandsWhereTheUserClicked) {
     choose(kAddBandCommand, 450, 30);
     ASSERT_EQ(instance->bandCount(), 5);
-    const BandSnapshot added = band(4);
+    const EqBand added = band(4);
     EXPECT_EQ(added.type, Band);
     EXPECT_EQ(added.frequency, hzAt(450));
     EXPECT_EQ(added.gain, ampAt(30));
@@ -245,7 +214,6 @@ TEST_F(GraphEditingTest, BandCommandsChangeTheBandUnderThePointer) {
          [&] { return band(2).gain == 1.0 && band(2).bandwidth == 1.5; }},
         {"type", kFirstBandTypeCommand + HighPass,
          [&] { return band(2).type == HighPass && band(2).frequency == 1000.0; }},
-        {"type alt 2", kFirstBandTypeCommand + BandAlt2, [&] { return band(2).type == BandAlt2; }},
         {"reset all", kResetAllBandsCommand,
          [&] { return band(2).gain == 1.0 && band(0).gain == 1.0 && band(0).frequency == 100.0; }},
     };
@@ -292,57 +260,28 @@ TEST_F(GraphEditingTest, BandCommandsWithoutAValidSelectionDoNothing) {
     EXPECT_TRUE(notices().empty());
 }
 
-std::string readout(int32_t type, double frequency, double gain, double bandwidth, bool enabled,
+std::string readout(int32_t type, double hz, double gain, double octaves, int32_t enabled,
                     int index) {
-    EqBand band{};
-    band.type = type;
-    band.frequency = frequency;
-    band.gain = gain;
-    band.bandwidth = bandwidth;
-    band.enabled = enabled ? 1 : 0;
-    char text[1024];
-    formatReadout(text, sizeof text, band, index);
+    char text[128];
+    formatReadout(text, sizeof text,
+                  EqBand{.frequency = hz, .gain = gain, .bandwidth = octaves, .type = type,
+                         .enabled = enabled},
+                  index);
     return text;
 }
 
 // Gainless types show no decibels; gains are held between -150 dB and 64.
 TEST(HoverReadoutText, NamesTypeNumberAndValues) {
     const double plusThree = std::exp(3.0 * kLogPerDb);
-    EXPECT_EQ(readout(Band, 1000.0, plusThree, 1.0, true, 1), "Band 2: 3.0dB 1000.0Hz 1.00 oct");
-    EXPECT_EQ(readout(Band, 1000.0, plusThree, 1.0, false, 1),
+    EXPECT_EQ(readout(Band, 1000.0, plusThree, 1.0, 1, 1), "Band 2: 3.0dB 1000.0Hz 1.00 oct");
+    EXPECT_EQ(readout(Band, 1000.0, plusThree, 1.0, 0, 1),
               "DISABLED:Band 2: 3.0dB 1000.0Hz 1.00 oct");
-    EXPECT_EQ(readout(LowShelf, 80.25, 0.5, 2.0, true, 0), "Low Shelf 1: -6.0dB 80.2Hz 2.00 oct");
-    EXPECT_EQ(readout(LowPass, 5000.0, 3.0, 0.5, true, 3), "Low Pass 4: 5000.0Hz 0.50 oct");
-    EXPECT_EQ(readout(Notch, 60.0, 3.0, 0.1, false, 0), "DISABLED:Notch 1: 60.0Hz 0.10 oct");
-    EXPECT_EQ(readout(Band, 100.0, kOffGraphGain, 1.0, true, 0),
-              "Band 1: -120.0dB 100.0Hz 1.00 oct");
-    EXPECT_EQ(readout(Band, 100.0, 1000000.0, 1.0, true, 0), "Band 1: 36.1dB 100.0Hz 1.00 oct");
-    EXPECT_EQ(readout(Band, 100.0, 1e-9, 1.0, true, 0), "Band 1: -150.0dB 100.0Hz 1.00 oct");
-}
-
-// An 80 by 12 box: 30 pixels right of the pointer and 8 below, flipped left
-// near the right edge when there is room, lifted above the bottom.
-TEST(HoverReadoutPlacement, BoxSitsBesideThePointerInsideTheGraph) {
-    struct Case {
-        POINT pointer;
-        RECT client, box;
-    };
-    const Case cases[] = {
-        {{100, 20}, {0, 0, 600, 120}, {130, 28, 210, 40}},
-        {{-5, 20}, {0, 0, 600, 120}, {30, 28, 110, 40}},
-        {{500, 20}, {0, 0, 600, 120}, {390, 28, 470, 40}},
-        {{100, 20}, {0, 0, 150, 120}, {130, 28, 210, 40}},  // no room on the left either
-        {{100, 110}, {0, 0, 600, 120}, {130, 107, 210, 119}},
-        {{100, 0}, {0, 0, 600, 10}, {130, 1, 210, 13}},  // kept below row 0
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.pointer.x * 1000 + c.pointer.y);
-        const RECT box = placeReadout(c.pointer, c.client, 80, 12);
-        EXPECT_EQ(box.left, c.box.left);
-        EXPECT_EQ(box.top, c.box.top);
-        EXPECT_EQ(box.right, c.box.right);
-        EXPECT_EQ(box.bottom, c.box.bottom);
-    }
+    EXPECT_EQ(readout(LowShelf, 80.25, 0.5, 2.0, 1, 0), "Low Shelf 1: -6.0dB 80.2Hz 2.00 oct");
+    EXPECT_EQ(readout(LowPass, 5000.0, 3.0, 0.5, 1, 3), "Low Pass 4: 5000.0Hz 0.50 oct");
+    EXPECT_EQ(readout(Notch, 60.0, 3.0, 0.1, 0, 0), "DISABLED:Notch 1: 60.0Hz 0.10 oct");
+    EXPECT_EQ(readout(Band, 100.0, kOffGraphGain, 1.0, 1, 0), "Band 1: -120.0dB 100.0Hz 1.00 oct");
+    EXPECT_EQ(readout(Band, 100.0, 64e6, 1.0, 1, 0), "Band 1: 36.1dB 100.0Hz 1.00 oct");
+    EXPECT_EQ(readout(Band, 100.0, 1e-9, 1.0, 1, 0), "Band 1: -150.0dB 100.0Hz 1.00 oct");
 }
 
 // The hand cursor over a handle, the framed box 30 pixels right of it; the

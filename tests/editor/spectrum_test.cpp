@@ -34,7 +34,7 @@ TEST(SpectrumCurveColumns, InnerPointsBendTheCurveBetweenMidpoints) {
     for (int k = 6; k < 10; ++k) EXPECT_EQ(narrow[k], -1.0f) << k;
 }
 
-class SpectrumTest : public EditorTest {};
+class SpectrumDisplayTest : public EditorTest {};
 
 // The whole path through the host's real FFT: a steady tone exactly at bin 9
 // of the 2048-point analysis (193.8 Hz at 44.1 kHz), amplitude 0.5, is drawn
@@ -42,7 +42,7 @@ class SpectrumTest : public EditorTest {};
 // the column of its level entry (entry 8 holds bin 9, placed at 8 × 22050 /
 // 1024 Hz). Grid and bands are off, so the curve is the only thing above the
 // flat strip at the centre.
-TEST_F(SpectrumTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
+TEST_F(SpectrumDisplayTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
     constexpr int kWidth = 1200, kHeight = 240, kBin = 9, kFrames = 4096;
     constexpr double kAmplitude = 0.5;
     openView(kWidth, kHeight);
@@ -76,7 +76,7 @@ TEST_F(SpectrumTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
     EXPECT_NEAR(-topRow / pixelsPerDb, expectedDb, 2.0);
 }
 
-TEST_F(SpectrumTest, SpectraShowForOneSecondAfterTheLastBlockAndNotWithoutAudio) {
+TEST_F(SpectrumDisplayTest, SpectraShowForOneSecondAfterTheLastBlockAndNotWithoutAudio) {
     openView(600, 120);
     paint();
     EXPECT_EQ(instance->spectrumTick.load(), 0u);
