@@ -1,11 +1,10 @@
 // Pictures of the open editor in the screenshot directory, for a person to
-// look at, each read back to see that it shows what the editor shows: as
-// opened, without the tabs, with forty bands in a scrolling tab strip, and
-// with shaped bands, the phase curve, live spectra and a readout.
+// look at, each read back to see that it shows what the editor shows.
 #include <cairo.h>
 
 #include <cmath>
 #include <filesystem>
+#include <memory>
 #include <numbers>
 #include <string>
 #include <vector>
@@ -23,29 +22,24 @@ namespace {
 
 class EditorPicturesTest : public EditorTest {
 protected:
-    void TearDown() override {
-        if (image) cairo_surface_destroy(image);
-        EditorTest::TearDown();
-    }
     // Writes the host window's picture and reads it back.
     void save(const char* name) {
         std::filesystem::create_directories(OMBRO_TEST_OUTPUT_DIR);
         const std::string path = std::string(OMBRO_TEST_OUTPUT_DIR) + "/" + name;
         ASSERT_TRUE(kobal_layer::saveScreenshot(hostWindow, path));
-        if (image) cairo_surface_destroy(image);
-        image = cairo_image_surface_create_from_png(path.c_str());
-        ASSERT_EQ(cairo_surface_status(image), CAIRO_STATUS_SUCCESS);
+        image.reset(cairo_image_surface_create_from_png(path.c_str()));
+        ASSERT_EQ(cairo_surface_status(image.get()), CAIRO_STATUS_SUCCESS);
     }
     // The picture's colour at a client point of `window`.
     uint32_t at(HWND window, int x, int y) const {
         const POINT p = kobal_layer::screenPointOf(window, POINT{x, y});
         const POINT origin = kobal_layer::screenPointOf(hostWindow, POINT{0, 0});
         const int column = p.x - origin.x, row = p.y - origin.y;
-        if (column < 0 || row < 0 || column >= cairo_image_surface_get_width(image) ||
-            row >= cairo_image_surface_get_height(image))
+        if (column < 0 || row < 0 || column >= cairo_image_surface_get_width(image.get()) ||
+            row >= cairo_image_surface_get_height(image.get()))
             return 0xdeadbeef;
-        const unsigned char* line =
-            cairo_image_surface_get_data(image) + row * cairo_image_surface_get_stride(image);
+        const unsigned char* line = cairo_image_surface_get_data(image.get()) +
+                                    row * cairo_image_surface_get_stride(image.get());
         return reinterpret_cast<const uint32_t*>(line)[column] & 0xffffff;
     }
     RECT graphClient() const {
@@ -53,22 +47,62 @@ protected:
         kobal::GetClientRect(view, &client);
         return client;
     }
-    cairo_surface_t* image = nullptr;
-};
-
-// Without the tabs the graph reaches down over where the strip was.
-TEST_F(EditorPicturesTest, OpenEditorShowsItsGraphWithAndWithoutTabs) {
-    openEditorIn(1000, 620);
-    for (const char* name : {"editor_open.png", "editor_without_tabs.png"}) {
-        SCOPED_TRACE(name);
-        advanceClock(40);
-        save(name);
+    // The picture shows the graph as last painted, top to bottom.
+    void expectGraphShown() const {
         const RECT graph = graphClient();
         for (int y : {0, graph.bottom / 2, graph.bottom - 1})
             for (int x : {0, graph.right / 3, graph.right - 1})
                 EXPECT_EQ(at(view, x, y), pixel(x, y) & 0xffffff) << x << "," << y;
-        ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabsBox)));
     }
+    std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)> image{nullptr,
+                                                                       cairo_surface_destroy};
+};
+
+// As opened; then with shaped bands, phase, spectra and the readout of
+// band 3 under the pointer (its red disc, the box beside it); then without
+// the tabs, the graph reaching down over where the strip was.
+TEST_F(EditorPicturesTest, OpenEditorWithShapedBandsAndWithoutTabs) {
+    openEditorIn(1000, 620);
+    advanceClock(40);
+    save("editor_open.png");
+    expectGraphShown();
+    setBand(0, LowShelf, 120.0, 2.0, 1.0);
+    setBand(1, Band, 400.0, 0.4, 1.5);
+    setBand(2, Band, 2500.0, 2.5, 0.7);
+    setBand(3, HighPass, 9000.0, 1.0, 1.0, false);
+    instance->viewFlags |= kViewShowPhase;
+    instance->selectedBand = 2;
+    std::vector<double> chord(4096);  // with a little noise
+    for (size_t i = 0; i < chord.size(); ++i) {
+        const double t = 2.0 * std::numbers::pi * static_cast<double>(i) / 44100.0;
+        chord[i] = 0.3 * std::sin(220 * t) + 0.1 * std::sin(3300 * t) + 0.01 * std::sin(i * i);
+    }
+    process(chord);
+    process(chord);
+    const RECT graph = graphClient();
+    const int x = static_cast<int>(std::log(2480.0 / 23980.0 * 400.0 + 1.0) * graph.right /
+                                   5.993961427306569);
+    const int y = graph.bottom -
+                  static_cast<int>((std::log10(2.5) * 20.0 + 12.0) * graph.bottom / 24.0);
+    kobal_layer::moveMouse(screenPoint(x, y));
+    ASSERT_EQ(instance->hoverBand, 2);
+    kobal::InvalidateRect(view, nullptr, 1);
+    save("response_view_editor.png");
+    EXPECT_NE(instance->spectrumDrawnTick, 0u);
+    expectGraphShown();
+    int red = 0, readout = 0;
+    for (int dy = -6; dy <= 6; ++dy)
+        for (int dx = -6; dx <= 6; ++dx) red += at(view, x + dx, y + dy) == 0xff2222;
+    for (int dy = 10; dy < 20; ++dy)
+        for (int dx = 32; dx < 80; ++dx)
+            readout += at(view, x + dx, y + dy) == (kobal::GetSysColor(8) & 0xffffff);
+    EXPECT_GT(red, 50);
+    EXPECT_GT(readout, 150);
+    kobal_layer::moveMouse(screenPoint(x, graph.bottom + 40));
+    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabsBox)));
+    advanceClock(40);
+    save("editor_without_tabs.png");
+    expectGraphShown();
 }
 
 // The strip shows its arrow buttons and is scrolled so that the current
@@ -95,49 +129,7 @@ TEST_F(EditorPicturesTest, FortyBandsShowAScrollingTabStrip) {
     EXPECT_NE(at(tabs, left.left + 3, left.top + 3), arrow);
     const RECT current = kobal_layer::tabHeaderRect(tabs, 37);
     const RECT before = kobal_layer::tabHeaderRect(tabs, 36);
-    ASSERT_GT(current.right, 0);
-    ASSERT_GT(before.right, 0);
     EXPECT_NE(at(tabs, current.left + 3, current.top + 3), at(tabs, before.left + 3, before.top + 3));
-}
-
-// The red disc of the selected band 3 and the readout box beside the pointer.
-TEST_F(EditorPicturesTest, ShapedBandsPhaseSpectraAndReadoutAreShown) {
-    openEditorIn(kHostWidth, kHostHeight);
-    setBand(0, LowShelf, 120.0, 2.0, 1.0);
-    setBand(1, Band, 400.0, 0.4, 1.5);
-    setBand(2, Band, 2500.0, 2.5, 0.7);
-    setBand(3, HighPass, 9000.0, 1.0, 1.0, false);
-    instance->viewFlags |= kViewShowPhase;
-    instance->selectedBand = 2;
-    // A chord with some noise, through the equalizer.
-    std::vector<double> chord(4096);
-    uint32_t noise = 12345;
-    for (size_t i = 0; i < chord.size(); ++i) {
-        noise = noise * 1664525u + 1013904223u;
-        const double t = 2.0 * std::numbers::pi * static_cast<double>(i) / 44100.0;
-        chord[i] = 0.3 * std::sin(220 * t) + 0.1 * std::sin(3300 * t) +
-                   0.05 * (static_cast<double>(noise) / 4294967296.0 - 0.5);
-    }
-    process(chord);
-    process(chord);
-    const RECT graph = graphClient();
-    const int x = static_cast<int>(std::log(2480.0 / 23980.0 * 400.0 + 1.0) * graph.right /
-                                   5.993961427306569);
-    const int y = graph.bottom -
-                  static_cast<int>((std::log10(2.5) * 20.0 + 12.0) * graph.bottom / 24.0);
-    kobal_layer::moveMouse(screenPoint(x, y));
-    ASSERT_EQ(instance->hoverBand, 2);
-    kobal::InvalidateRect(view, nullptr, 1);
-    save("response_view_editor.png");
-    EXPECT_NE(instance->spectrumDrawnTick, 0u);
-    int red = 0, readout = 0;
-    const uint32_t readoutBackground = kobal::GetSysColor(8) & 0xffffff;
-    for (int dy = -6; dy <= 6; ++dy)
-        for (int dx = -6; dx <= 6; ++dx) red += at(view, x + dx, y + dy) == 0xff2222;
-    for (int dy = 10; dy < 20; ++dy)
-        for (int dx = 32; dx < 80; ++dx) readout += at(view, x + dx, y + dy) == readoutBackground;
-    EXPECT_GT(red, 50);
-    EXPECT_GT(readout, 150);
 }
 
 }  // namespace

@@ -6,11 +6,11 @@
 #include <chrono>
 #include <future>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "contracts/mura.h"
 #include "engine/audio_processing.h"
-#include "engine/eq_band.h"
 #include "plugin/host_imports.h"
 #include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
@@ -57,22 +57,21 @@ struct StopInside<Slot, Result (*)(Arguments...)> {
         audio.runBlockNow();
         return original(arguments...);
     }
-    static void install() {
-        original = *Slot;
-        *Slot = &call;
+    // Installs the stop, or removes it when installed.
+    static void toggle() {
+        if (*Slot != &call) original = std::exchange(*Slot, &call);
+        else *Slot = original;
     }
-    static void remove() { *Slot = original; }
 };
 
 struct HookedCall {
     const char* name;
-    void (*install)();
-    void (*remove)();
+    void (*toggle)();
 };
 
 template <auto* Slot>
 constexpr HookedCall hooked(const char* name) {
-    return HookedCall{name, &StopInside<Slot>::install, &StopInside<Slot>::remove};
+    return HookedCall{name, &StopInside<Slot>::toggle};
 }
 
 // Every raster and window call the paint makes.
@@ -89,7 +88,7 @@ const HookedCall kPaintCalls[] = {
     hooked<&kobal::EndPaint>("EndPaint"),
 };
 
-class ResponseViewAudioTest : public EditorTest {};
+using ResponseViewAudioTest = EditorTest;
 
 TEST_F(ResponseViewAudioTest, AudioBlockRunsWhileThePaintIsStoppedInsideAnyDrawingCall) {
     openView(600, 120);
@@ -100,10 +99,10 @@ TEST_F(ResponseViewAudioTest, AudioBlockRunsWhileThePaintIsStoppedInsideAnyDrawi
         SCOPED_TRACE(call.name);
         audio = AudioWhileStopped{};
         audio.instance = instance;
-        call.install();
+        call.toggle();
         kobal::InvalidateRect(view, nullptr, 0);
         paint();
-        call.remove();
+        call.toggle();
         ASSERT_TRUE(audio.stopped);
         audio.block.wait();
         EXPECT_TRUE(audio.blockFinished);

@@ -1,6 +1,5 @@
 // The live spectra: a tone through the host's real FFT drawn at its level
-// and column, the curve through the level points, and how long the paint
-// keeps showing it.
+// and column, and how long the paint keeps showing it.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,30 +8,10 @@
 #include "host/ui/host_clock.h"
 #include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
-#include "view/analyzer_curves.h"
 
 namespace {
 
 constexpr uint32_t kBlack = 0xff000000;
-
-// Between the midpoints of three level points the curve bends as a
-// quadratic through the middle one; it ends at the last point and never
-// writes past the width.
-TEST(SpectrumCurveColumns, InnerPointsBendTheCurveBetweenMidpoints) {
-    const SpectrumPoint points[] = {{0, 0.0f}, {10, 10.0f}, {20, 0.0f}};
-    std::vector<float> c(34, -1.0f);
-    EXPECT_EQ(interpolateSpectrumColumns(points, 3, 30, c.data()), 20);
-    for (int k = 0; k < 5; ++k) EXPECT_EQ(c[k], static_cast<float>(k)) << k;
-    for (int k = 5; k < 15; ++k) {
-        const double t = (k - 5) / 10.0;  // the control point lies midway: t is linear
-        EXPECT_FLOAT_EQ(c[k], static_cast<float>(5.0 + 10.0 * t * (1.0 - t))) << k;
-    }
-    for (int k = 15; k < 20; ++k) EXPECT_EQ(c[k], static_cast<float>(5.0 - (k - 15))) << k;
-    EXPECT_EQ(c[20], -1.0f);
-    std::vector<float> narrow(10, -1.0f);
-    interpolateSpectrumColumns(points, 3, 6, narrow.data());
-    for (int k = 6; k < 10; ++k) EXPECT_EQ(narrow[k], -1.0f) << k;
-}
 
 class SpectrumDisplayTest : public EditorTest {};
 
