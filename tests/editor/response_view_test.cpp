@@ -1,14 +1,24 @@
 // The graph: the summed response it evaluates per column against each
-// band's closed form, its phase, and the pixels it paints (the flat fill
-// strip, gain lines, the half-sample-rate line and the handles).
+// band's closed form, its phase, the pixels it paints, the live spectra
+// through the host's real FFT, and a paint that never holds up the audio
+// thread.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
 #include <complex>
+#include <future>
 #include <numbers>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
+#include "contracts/mura.h"
+#include "engine/audio_processing.h"
 #include "engine/eq_band.h"
+#include "host/ui/host_clock.h"
+#include "plugin/host_imports.h"
+#include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
 #include "view/graph_axes.h"
 #include "view/graph_snapshot.h"
@@ -17,9 +27,6 @@
 namespace {
 
 constexpr uint32_t kBackground = 0xff000000;
-constexpr uint32_t kFill = 0xff006060;
-constexpr uint32_t kGainLine = 0xff4d4d4d;
-constexpr uint32_t kHalfRateLine = 0xffc0c0c0;
 constexpr uint32_t kSelectedRed = 0xffff2222;
 
 // The paint's column frequency, written out here.
@@ -148,6 +155,160 @@ TEST_F(ResponseViewTest, OtherBandsAreWhiteAndPassFiltersYellow) {
     EXPECT_GT(countPixels(0xffffffff, 279, 54, 292, 67), 50);
     EXPECT_GT(ringPixels(138, 90, 0xffffff00), 16);
     EXPECT_EQ(pixel(138 - 3, 90 - 3), kBackground);
+}
+
+class SpectrumDisplayTest : public EditorTest {};
+
+// The whole path through the host's real FFT: a steady tone exactly at bin 9
+// of the 2048-point analysis (193.8 Hz at 44.1 kHz), amplitude 0.5, is drawn
+// with its level, 20 log10(0.5 / 2) = -12.04 dB (the window sums to 1), at
+// the column of its level entry (entry 8 holds bin 9, placed at 8 × 22050 /
+// 1024 Hz). Grid and bands are off, so the curve is the only thing above the
+// flat strip at the centre.
+TEST_F(SpectrumDisplayTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
+    constexpr int kWidth = 1200, kHeight = 240, kBin = 9, kFrames = 4096;
+    constexpr double kAmplitude = 0.5;
+    openView(kWidth, kHeight);
+    instance->showGrid = 0;
+    silenceAllBands();
+    std::vector<double> tone(kFrames);
+    for (int n = 0; n < kFrames; ++n)
+        tone[n] = kAmplitude * std::cos(2.0 * 3.141592653589793 * kBin * n / 2048.0);
+    process(tone);
+    paint();
+    ASSERT_NE(instance->spectrumDrawnTick, 0u);
+
+    const double entryHz = (kBin - 1) * static_cast<double>(static_cast<float>(22050.0 / 1024.0));
+    const int column = static_cast<int>(std::log((entryHz - 20.0) / 59.95 + 1.0) /
+                                            5.993961427306569 * kWidth + 0.5);
+    // The highest drawn row between the top edge and the centre strip, and
+    // the middle of the columns that reach it.
+    int topRow = kHeight, first = -1, last = -1;
+    for (int x = 0; x < kWidth; ++x)
+        for (int y = 0; y < kHeight / 2 - 10 && y <= topRow; ++y)
+            if (pixel(x, y) != kBackground) {
+                if (y < topRow) first = x;
+                topRow = y;
+                last = x;
+                break;
+            }
+    const double expectedDb = 20.0 * std::log10(kAmplitude / 2.0);
+    const double pixelsPerDb = kHeight / 120.0;
+    EXPECT_NEAR((first + last) / 2, column, 2);
+    // The curve bends between level points, so its top lies a little below the level.
+    EXPECT_NEAR(-topRow / pixelsPerDb, expectedDb, 2.0);
+}
+
+TEST_F(SpectrumDisplayTest, SpectraShowForOneSecondAfterTheLastBlockAndNotWithoutAudio) {
+    openView(600, 120);
+    paint();
+    EXPECT_EQ(instance->spectrumTick.load(), 0u);
+    EXPECT_EQ(instance->spectrumDrawnTick, 0u);
+    process(std::vector<double>(512, 0.0));
+    const uint32_t tick = instance->spectrumTick.load();
+    ASSERT_NE(tick, 0u);
+    paint();
+    EXPECT_EQ(instance->spectrumDrawnTick, tick);
+    kobal_layer::advanceTestClock(999);
+    paint();
+    EXPECT_EQ(instance->spectrumTick.load(), tick);
+    kobal_layer::advanceTestClock(1);
+    paint();
+    EXPECT_EQ(instance->spectrumTick.load(), 0u);
+    EXPECT_EQ(instance->spectrumDrawnTick, 0u);
+}
+
+constexpr int kBlockFrames = 512;
+// Only guards against a test that would otherwise wait forever on the lock.
+constexpr auto kDeadlockGuard = std::chrono::seconds(20);
+
+// One stop per paint: the first hooked call runs an audio block on another
+// thread and waits for it before going on with the drawing.
+struct AudioWhileStopped {
+    EqInstance* instance = nullptr;
+    bool stopped = false;
+    bool blockFinished = false;
+    std::future<void> block;  // joined after the paint, never inside it
+    std::vector<double> left = std::vector<double>(kBlockFrames, 0.25);
+    std::vector<double> right = std::vector<double>(kBlockFrames, -0.25);
+    std::vector<double> out = std::vector<double>(2 * kBlockFrames);
+
+    void runBlockNow() {
+        if (stopped) return;
+        stopped = true;
+        block = std::async(std::launch::async, [this] {
+            double* inputs[] = {left.data(), right.data()};
+            double* outputs[] = {out.data(), out.data() + kBlockFrames};
+            processDoubleReplacing(&instance->effect, inputs, outputs, kBlockFrames);
+        });
+        blockFinished = block.wait_for(kDeadlockGuard) == std::future_status::ready;
+    }
+};
+
+AudioWhileStopped audio;
+
+// Replaces the function pointer in `Slot` with one that stops there first.
+template <auto* Slot, typename Proc = std::remove_reference_t<decltype(*Slot)>>
+struct StopInside;
+
+template <auto* Slot, typename Result, typename... Arguments>
+struct StopInside<Slot, Result (*)(Arguments...)> {
+    static inline Result (*original)(Arguments...) = nullptr;
+    static Result call(Arguments... arguments) {
+        audio.runBlockNow();
+        return original(arguments...);
+    }
+    // Installs the stop, or removes it when installed.
+    static void toggle() {
+        if (*Slot != &call) original = std::exchange(*Slot, &call);
+        else *Slot = original;
+    }
+};
+
+struct HookedCall {
+    const char* name;
+    void (*toggle)();
+};
+
+template <auto* Slot>
+constexpr HookedCall hooked(const char* name) {
+    return HookedCall{name, &StopInside<Slot>::toggle};
+}
+
+// Every raster and window call the paint makes.
+const HookedCall kPaintCalls[] = {
+    hooked<&hostExtensions.fillRect>("MURA_FillRect"),
+    hooked<&hostExtensions.lineInt>("MURA_LineInt"),
+    hooked<&hostExtensions.line>("MURA_Line"),
+    hooked<&hostExtensions.fillCircle>("MURA_FillCircle"),
+    hooked<&hostExtensions.circle>("MURA_Circle"),
+    hooked<&hostExtensions.borderedRect>("MURA_BorderedRect"),
+    hooked<&kobal::GetClientRect>("GetClientRect"),
+    hooked<&kobal::GetSysColor>("GetSysColor"),
+    hooked<&kobal::BitBlt>("BitBlt"),
+    hooked<&kobal::EndPaint>("EndPaint"),
+};
+
+using ResponseViewAudioTest = EditorTest;
+
+TEST_F(ResponseViewAudioTest, AudioBlockRunsWhileThePaintIsStoppedInsideAnyDrawingCall) {
+    openView(600, 120);
+    setBand(1, Band, 1000.0, 2.0, 1.0, false);  // an outline as well as discs
+    instance->viewFlags |= kViewShowPhase;
+    instance->hoverBand = 2;  // the readout box
+    for (const HookedCall& call : kPaintCalls) {
+        SCOPED_TRACE(call.name);
+        audio = AudioWhileStopped{};
+        audio.instance = instance;
+        call.toggle();
+        kobal::InvalidateRect(view, nullptr, 0);
+        paint();
+        call.toggle();
+        ASSERT_TRUE(audio.stopped);
+        audio.block.wait();
+        EXPECT_TRUE(audio.blockFinished);
+        EXPECT_NE(audio.out[kBlockFrames - 1], 0.0);  // the block was processed
+    }
 }
 
 }  // namespace
