@@ -3,20 +3,16 @@
 // gestures the host sees.
 #include <cmath>
 #include <cstdio>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "editor/band_panel_controls.h"
 #include "editor/editor_messages.h"
 #include "editor/output_gain_display.h"
-#include "engine/eq_band.h"
 #include "host/extensions/fader_curve.h"
 #include "host/ui/combo_box.h"
 #include "host/ui/fader.h"
 #include "host/ui/focus_and_capture.h"
 #include "host/ui/input_injection.h"
-#include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
 
 namespace {

@@ -1,20 +1,16 @@
 // The plug-in's dialog and menu resources as the stand-in layer builds them:
 // every control's id, text, class and place, the context menu's items, and
 // pictures of the two dialogs in the screenshot directory.
-#include <gtest/gtest.h>
 
 #include <cairo.h>
 
 #include <cmath>
 #include <filesystem>
-#include <string>
-#include <vector>
 
 #include "editor/resources.h"
 #include "host/ui/menus.h"
 #include "host/ui/screenshot.h"
 #include "host/ui/window_tree.h"
-#include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
 
 namespace {
@@ -95,8 +91,9 @@ TEST(DialogResourcesTest, DialogsHaveTheirControlsInOrderAndTheirPicturesTheirSi
             EXPECT_NEAR(rect.top, pixels(want.y), 1);
             EXPECT_NEAR(rect.right - rect.left, pixels(want.width), 1);
             // A combo box's height is that of its open list; the layer shows it closed.
-            if (children[i]->className != "ComboBox")
+            if (children[i]->className != "ComboBox") {
                 EXPECT_NEAR(rect.bottom - rect.top, pixels(want.height), 1);
+            }
         }
         kobal::ShowWindow(window, SW_SHOW);
         const std::string path = std::string(OMBRO_TEST_OUTPUT_DIR) + "/" + dialog.picture;

@@ -4,21 +4,16 @@
 // smaller state) shown at the next 40 ms poll.
 #include <cmath>
 #include <functional>
-#include <string>
-#include <vector>
 
 #include "editor/band_panel_controls.h"
-#include "editor/editor_controls.h"
 #include "editor/editor_dialog.h"
 #include "engine/band_list.h"
 #include "engine/band_removal.h"
-#include "engine/eq_band.h"
 #include "host/ui/fader.h"
 #include "host/ui/input_injection.h"
 #include "host/ui/tab_control.h"
 #include "host/ui/window_tree.h"
 #include "plugin/parameters.h"
-#include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
 
 namespace {

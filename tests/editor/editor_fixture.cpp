@@ -2,8 +2,6 @@
 
 #include <mutex>
 
-#include "contracts/mura.h"
-#include "editor/editor_controls.h"
 #include "editor/editor_dialog.h"
 #include "editor/editor_messages.h"
 #include "engine/audio_processing.h"
@@ -71,11 +69,6 @@ void EditorTest::openEditorIn(int width, int height) {
     view = control(kResponseViewControl);
 }
 
-void EditorTest::openView(int width, int height) {
-    openEditorIn(kHostWidth, kHostHeight);
-    kobal::SetWindowPos(view, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
-}
-
 void EditorTest::refresh() const { kobal::SendMessage(editor(), WM_REFRESH_EDITOR, 0, 0); }
 
 void EditorTest::advanceClock(uint32_t milliseconds) {
@@ -107,14 +100,12 @@ std::vector<std::string> EditorTest::tabTexts() const {
     return texts;
 }
 
-int EditorTest::currentTab() const { return kobal::TabCtrl_GetCurSel(control(kBandTabs)); }
-
-std::string EditorTest::text(HWND window) const {
+std::string text(HWND window) {
     KobalWindow* record = kobal_layer::liveWindow(window);
     return record ? record->text : std::string("<no window>");
 }
 
-bool EditorTest::isShown(HWND window) const {
+bool isShown(HWND window) {
     KobalWindow* record = kobal_layer::liveWindow(window);
     return record && record->visible;
 }

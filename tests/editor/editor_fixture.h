@@ -12,13 +12,16 @@
 #include <vector>
 
 #include "contracts/host_extensions.h"
+#include "contracts/mura.h"
+#include "editor/editor_controls.h"
 #include "engine/eq_band.h"
 #include "plugin/eq_instance.h"
 #include "plugin/ui_layer.h"
 
 void bindHostLayerOnce();
-// A child window's rectangle in its parent's client coordinates.
-RECT rectInParent(HWND window);
+RECT rectInParent(HWND window);  // in its parent's client coordinates
+std::string text(HWND window);
+bool isShown(HWND window);
 
 struct HostNotice {
     int32_t opcode, index;
@@ -40,8 +43,10 @@ protected:
     // first sizing pass.
     void openEditorIn(int width, int height);
     // Opens the editor at the default size and gives the graph this client size.
-    void openView(int width, int height);
-
+    void openView(int width, int height) {
+        openEditorIn(kHostWidth, kHostHeight);
+        kobal::SetWindowPos(view, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+    }
     HWND editor() const { return instance->editorWindow.load(); }
     HWND panel() const { return instance->bandPanelWindow; }
     HWND control(int id) const { return kobal::GetDlgItem(editor(), id); }
@@ -54,9 +59,7 @@ protected:
     void clearNotices();
     int countNotices(int32_t opcode, int32_t index) const;
     std::vector<std::string> tabTexts() const;
-    int currentTab() const;
-    std::string text(HWND window) const;
-    bool isShown(HWND window) const;
+    int currentTab() const { return kobal::TabCtrl_GetCurSel(control(kBandTabs)); }
 
     EqBand band(int index) const;  // a copy, taken under the lock
     // Redesigns band `index` the way the editor does, under the lock.

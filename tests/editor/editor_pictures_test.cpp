@@ -6,16 +6,11 @@
 #include <filesystem>
 #include <memory>
 #include <numbers>
-#include <string>
-#include <vector>
 
-#include "editor/editor_controls.h"
 #include "engine/band_list.h"
-#include "engine/eq_band.h"
 #include "host/ui/input_injection.h"
 #include "host/ui/screenshot.h"
 #include "host/ui/tab_control.h"
-#include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
 
 namespace {

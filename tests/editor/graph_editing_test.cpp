@@ -2,20 +2,14 @@
 // and dragging handles (Shift: bandwidth; Control, Alt: one value finely),
 // double click and wheel, the right-click menu, the readout of the band
 // under the pointer, and what the host hears of it all.
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <functional>
-#include <optional>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include "engine/eq_band.h"
 #include "host/ui/input_injection.h"
 #include "host/ui/menus.h"
 #include "host/ui/pointer_and_keys.h"
-#include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
 #include "view/band_hit_test.h"
 #include "view/context_menu.h"
@@ -227,11 +221,14 @@ TEST_F(GraphEditingTest, FlipAllBandsMirrorsGainsAroundZeroDecibels) {
 
 std::string readout(int32_t type, double hz, double gain, double octaves, int32_t enabled,
                     int index) {
+    EqBand band{};
+    band.type = type;
+    band.frequency = hz;
+    band.gain = gain;
+    band.bandwidth = octaves;
+    band.enabled = enabled;
     char text[128];
-    formatReadout(text, sizeof text,
-                  EqBand{.frequency = hz, .gain = gain, .bandwidth = octaves, .type = type,
-                         .enabled = enabled},
-                  index);
+    formatReadout(text, sizeof text, band, index);
     return text;
 }
 

@@ -2,7 +2,6 @@
 // band's closed form, its phase, the pixels it paints, the live spectra
 // through the host's real FFT, and a paint that never holds up the audio
 // thread.
-#include <gtest/gtest.h>
 
 #include <chrono>
 #include <cmath>
@@ -11,14 +10,10 @@
 #include <numbers>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
-#include "contracts/mura.h"
 #include "engine/audio_processing.h"
-#include "engine/eq_band.h"
 #include "host/ui/host_clock.h"
 #include "plugin/host_imports.h"
-#include "plugin/ui_layer.h"
 #include "tests/editor/editor_fixture.h"
 #include "view/graph_axes.h"
 #include "view/graph_snapshot.h"
