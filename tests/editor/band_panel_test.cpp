@@ -31,9 +31,6 @@ protected:
     }
     int position(int id) const { return position(panelControl(id)); }
     void drag(int id, int to) { ASSERT_TRUE(kobal_layer::dragFaderTo(panelControl(id), to)); }
-    std::string valueText(HWND fader) const {
-        return kobal_layer::faderText(fader, kobal_layer::kFaderValueText);
-    }
     // Redesigns band 1 with this type and gain and lets the panel show it.
     void redesignBandOne(int32_t type, double gain) {
         setBand(0, type, 100.0, gain, 1.0);
@@ -105,21 +102,18 @@ TEST_F(BandPanelTest, TypingOpensOneGestureThatEndsWhenTheUserMovesOn) {
     EXPECT_EQ(instance->gestureParam, -1);
 }
 
-TEST_F(BandPanelTest, FrequencyFaderSpansTwentyHzToTwentyFourKilohertzOnALogAxis) {
+// Frequency: 20 Hz to 24 kHz on a log axis; bandwidth: thousandths of an
+// octave from 10 to 4000, starting at 2 octaves.
+TEST_F(BandPanelTest, FadersSpanTheirRangesAndWriteTheBoxes) {
     drag(kFrequencyFader, 0);
-    ASSERT_EQ(position(kFrequencyFader), 0);
     EXPECT_EQ(band(0).frequency, 20.0);
     drag(kFrequencyFader, 1000);
-    ASSERT_EQ(position(kFrequencyFader), 1000);
     EXPECT_NEAR(band(0).frequency, 24000.0, 1e-9);
     EXPECT_EQ(text(panelControl(kFrequencyEdit)), "24000.0");
     drag(kFrequencyFader, 400);
     const double axis = position(kFrequencyFader) / 1000.0;
     EXPECT_NEAR(band(0).frequency, 20.0 + (std::exp(axis * std::log(401.0)) - 1.0) * 59.95, 1e-9);
     EXPECT_EQ(notices().back().opcode, audioMasterEndEdit);  // at the release
-}
-
-TEST_F(BandPanelTest, BandwidthFaderCountsThousandthsOfAnOctaveFromTenTo4000) {
     HWND fader = panelControl(kBandwidthFader);
     EXPECT_EQ(kobal::SendMessage(fader, kobal_layer::TBM_GETRANGEMIN, 0, 0), 10);
     EXPECT_EQ(kobal::SendMessage(fader, kobal_layer::TBM_GETRANGEMAX, 0, 0), 4000);
@@ -159,47 +153,34 @@ TEST_F(BandPanelTest, WithNoValidBandTheControlsChangeNothing) {
     EXPECT_TRUE(notices().empty());
 }
 
-class OutputGainTest : public BandPanelTest {
-protected:
-    HWND fader() const { return control(kOutputGainFader); }
-    HWND box() const { return control(kOutputGainEdit); }
-};
-
-// The box was emptied (0 dB) and then took the 6: one notice per edit.
-// Text that is no number sets unity gain.
-TEST_F(OutputGainTest, TypedDecibelsSetTheGainAndMoveTheFader) {
-    kobal_layer::typeIntoEdit(box(), "6");
+// Typed dB set the gain (text that is no number: unity) and move the fader:
+// 6 dB half way from 0 dB (750) to +12 dB (1000). Gains from outside show as
+// dB with one decimal, silent ones as "-inf" while the fader keeps their
+// level (the floor is -150 dB); the host hears nothing of those writes.
+TEST_F(BandPanelTest, OutputGainShowsAsDecibelTextAndFaderPosition) {
+    HWND fader = control(kOutputGainFader), box = control(kOutputGainEdit);
+    kobal_layer::typeIntoEdit(box, "6");
     EXPECT_NEAR(instance->outputGain, 1.9952623149688795, 1e-15);
-    EXPECT_EQ(position(fader()),
+    EXPECT_EQ(position(fader),
               static_cast<int>(faderPositionOfDb(std::log(instance->outputGain) * kDbPerLog)));
-    EXPECT_NEAR(position(fader()), 875, 1);  // half way from 0 dB (750) to +12 dB (1000)
-    EXPECT_EQ(valueText(fader()), "6");
-    EXPECT_EQ(text(box()), "6");
-    EXPECT_EQ(countNotices(audioMasterAutomate, -1), 2);
-    kobal_layer::typeIntoEdit(box(), "loud");
+    EXPECT_NEAR(position(fader), 875, 1);
+    EXPECT_STREQ(kobal_layer::faderText(fader, kobal_layer::kFaderValueText), "6");
+    EXPECT_EQ(countNotices(audioMasterAutomate, -1), 2);  // emptied (0 dB), then 6
+    kobal_layer::typeIntoEdit(box, "loud");
     EXPECT_EQ(instance->outputGain, 1.0);
-    EXPECT_EQ(position(fader()), 750);
-}
-
-// Gains from outside show as dB with one decimal, silent ones as "-inf"
-// while the fader keeps their level (the floor is -150 dB); the host hears
-// nothing of the editor's own writes.
-TEST_F(OutputGainTest, GainsShowAsDecibelTextsAndFaderPositions) {
-    struct Case {
-        double gain;
-        const char* text;
-    };
-    const Case cases[] = {{1.0, "0.0"},       {2.0, "6.0"},    {0.5, "-6.0"},
-                          {1.1e-6, "-119.2"}, {1e-6, "-inf"}, {0.0, "-inf"}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
-        instance->outputGain = c.gain;
+    EXPECT_EQ(position(fader), 750);
+    clearNotices();
+    const std::pair<double, std::string> cases[] = {{1.0, "0.0"},       {2.0, "6.0"},
+                                                    {0.5, "-6.0"},      {1.1e-6, "-119.2"},
+                                                    {1e-6, "-inf"},     {0.0, "-inf"}};
+    for (const auto& [gain, shown] : cases) {
+        instance->outputGain = gain;
         refresh();
-        EXPECT_EQ(text(box()), c.text);
-        const double db = c.gain > 0.0 ? std::log(c.gain) * kDbPerLog : -150.0;
-        EXPECT_EQ(position(fader()), static_cast<int>(faderPositionOfDb(db)));
+        EXPECT_EQ(text(box), shown);
+        const double db = gain > 0.0 ? std::log(gain) * kDbPerLog : -150.0;
+        EXPECT_EQ(position(fader), static_cast<int>(faderPositionOfDb(db))) << shown;
     }
-    EXPECT_EQ(valueText(fader()), "-inf");
+    EXPECT_STREQ(kobal_layer::faderText(fader, kobal_layer::kFaderValueText), "-inf");
     EXPECT_TRUE(notices().empty());
 }
 
