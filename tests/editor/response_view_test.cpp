@@ -136,7 +136,7 @@ TEST_F(ResponseViewTest, OtherBandsAreWhiteAndPassFiltersYellow) {
     EXPECT_EQ(pixel(138 - 3, 90 - 3), kBackground);
 }
 
-class SpectrumDisplayTest : public EditorTest {};
+using SpectrumDisplayTest = ResponseViewTest;
 
 // The whole path through the host's real FFT: a steady tone exactly at bin 9
 // of the 2048-point analysis (193.8 Hz at 44.1 kHz), amplitude 0.5, is drawn
@@ -147,9 +147,7 @@ class SpectrumDisplayTest : public EditorTest {};
 TEST_F(SpectrumDisplayTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
     constexpr int kWidth = 1200, kHeight = 240, kBin = 9, kFrames = 4096;
     constexpr double kAmplitude = 0.5;
-    openView(kWidth, kHeight);
-    instance->showGrid = 0;
-    silenceAllBands();
+    kobal::SetWindowPos(view, nullptr, 0, 0, kWidth, kHeight, SWP_NOMOVE | SWP_NOZORDER);
     std::vector<double> tone(kFrames);
     for (int n = 0; n < kFrames; ++n)
         tone[n] = kAmplitude * std::cos(2.0 * 3.141592653589793 * kBin * n / 2048.0);
@@ -179,7 +177,6 @@ TEST_F(SpectrumDisplayTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
 }
 
 TEST_F(SpectrumDisplayTest, SpectraShowForOneSecondAfterTheLastBlockAndNotWithoutAudio) {
-    openView(600, 120);
     paint();
     EXPECT_EQ(instance->spectrumTick.load(), 0u);
     EXPECT_EQ(instance->spectrumDrawnTick, 0u);
