@@ -2,7 +2,6 @@
 // the values stored, the texts and fader positions shown, and the edit
 // gestures the host sees.
 #include <cmath>
-#include <cstdio>
 #include <utility>
 
 #include "editor/band_panel_controls.h"

@@ -237,9 +237,11 @@ TEST_F(EditorCommandsTest, ResetDefaultsShowsBandOneInThePanelAtOnce) {
     EXPECT_EQ(band(3).frequency, 5000.0);
 }
 
+using EditorTabsTest = EditorCommandsTest;
+
 // Band 6 of 6 is selected when a state of two bands arrives: the refresh
 // selects band 2, its tab and its values, and typing and "Remove band" act on it.
-TEST_F(EditorCommandsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
+TEST_F(EditorTabsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
     ASSERT_TRUE(removeBandAt(instance, 3));
     ASSERT_TRUE(removeBandAt(instance, 2));
     void* data = nullptr;
@@ -267,7 +269,7 @@ TEST_F(EditorCommandsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
 
 // At the default size (1020 by 640) forty tabs do not fit: the strip scrolls,
 // every band can be chosen, and a band added from the editor shows its tab.
-TEST_F(EditorCommandsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
+TEST_F(EditorTabsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
     kobal::SetWindowPos(hostWindow, nullptr, 0, 0, 1020, 640, SWP_NOMOVE | SWP_NOZORDER);
     advanceClock(40);
     for (int i = 4; i < 40; ++i) appendFlatBand();

@@ -136,6 +136,7 @@ TEST_F(ResponseViewTest, OtherBandsAreWhiteAndPassFiltersYellow) {
     EXPECT_EQ(pixel(138 - 3, 90 - 3), kBackground);
 }
 
+using SpectrumThroughTheHostFftTest = ResponseViewTest;
 using SpectrumDisplayTest = ResponseViewTest;
 
 // The whole path through the host's real FFT: a steady tone exactly at bin 9
@@ -144,7 +145,7 @@ using SpectrumDisplayTest = ResponseViewTest;
 // the column of its level entry (entry 8 holds bin 9, placed at 8 × 22050 /
 // 1024 Hz). Grid and bands are off, so the curve is the only thing above the
 // flat strip at the centre.
-TEST_F(SpectrumDisplayTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
+TEST_F(SpectrumThroughTheHostFftTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
     constexpr int kWidth = 1200, kHeight = 240, kBin = 9, kFrames = 4096;
     constexpr double kAmplitude = 0.5;
     kobal::SetWindowPos(view, nullptr, 0, 0, kWidth, kHeight, SWP_NOMOVE | SWP_NOZORDER);
