@@ -18,19 +18,15 @@
 
 namespace {
 
-bool isEditBox(const KobalWindow& window) { return window.className == "Edit"; }
-
 // The text a person reads on a control: its caption, or a fader's name.
 std::string shownLabel(HWND window) {
-    const KobalWindow* record = kobal_layer::liveWindow(window);
-    if (!record) return "";
-    if (const char* name = kobal_layer::faderText(window, kobal_layer::kFaderNameText))
-        return name;
-    return record->text;
+    const char* name = kobal_layer::faderText(window, kobal_layer::kFaderNameText);
+    return name ? name : window->text;
 }
 
+// Every window inside `window`, depth first.
 void collect(HWND window, std::vector<HWND>& windows) {
-    for (KobalWindow* child : kobal_layer::liveWindow(window)->children) {
+    for (KobalWindow* child : window->children) {
         windows.push_back(child);
         collect(child, windows);
     }
@@ -58,7 +54,7 @@ protected:
         const RECT textRect = rectInParent(text);
         for (HWND window : everyControl()) {
             const RECT rect = rectInParent(window);
-            const bool field = isEditBox(*window) || window->className == "ComboBox";
+            const bool field = window->className == "Edit" || window->className == "ComboBox";
             if (field && window->parent == text->parent && overlapsRows(rect, textRect) &&
                 rect.left >= textRect.right && (!found || rect.left < rectInParent(found).left))
                 found = window;
@@ -70,7 +66,7 @@ protected:
         const RECT fader = rectInParent(labelled(name));
         for (HWND window : everyControl()) {
             const RECT rect = rectInParent(window);
-            if (isEditBox(*window) && rect.top >= fader.bottom && rect.left < fader.right &&
+            if (window->className == "Edit" && rect.top >= fader.bottom && rect.left < fader.right &&
                 fader.left < rect.right)
                 return window;
         }

@@ -50,8 +50,7 @@ protected:
     }
     EqBand designed(int32_t type, double frequency, double gain, double bandwidth) {
         setBand(2, type, frequency, gain, bandwidth);
-        MutexLock lock(instance->mutex);
-        return *instance->band(2);
+        return band(2);
     }
     // Evaluates these bands over the graph; answers the drawn width.
     int evaluate(std::vector<BandCopy> bands, std::vector<double>& magnitude,
