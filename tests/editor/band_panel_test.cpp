@@ -1,0 +1,186 @@
+// The band panel and the output gain as a user types, drags and chooses:
+// the values stored, the texts and fader positions shown, and the edit
+// gestures the host sees.
+#include <cmath>
+#include <utility>
+
+#include "editor/band_panel_controls.h"
+#include "editor/editor_messages.h"
+#include "editor/output_gain_display.h"
+#include "host/extensions/fader_curve.h"
+#include "host/ui/combo_box.h"
+#include "host/ui/fader.h"
+#include "host/ui/focus_and_capture.h"
+#include "host/ui/input_injection.h"
+#include "tests/editor/editor_fixture.h"
+
+namespace {
+
+// ln(10) / 20 and its inverse: dB to the natural log of a gain and back.
+constexpr double kLogPerDb = 0.11512925464970228;
+constexpr double kDbPerLog = 8.685889638065037;
+
+class BandPanelTest : public OpenEditorTest {
+protected:
+    void type(int id, const std::string& value) {
+        kobal_layer::typeIntoEdit(panelControl(id), value);
+    }
+    int position(HWND fader) const {
+        return static_cast<int>(kobal::SendMessage(fader, TBM_GETPOS, 0, 0));
+    }
+    int position(int id) const { return position(panelControl(id)); }
+    void drag(int id, int to) { ASSERT_TRUE(kobal_layer::dragFaderTo(panelControl(id), to)); }
+    // Redesigns band 1 with this type and gain and lets the panel show it.
+    void redesignBandOne(int32_t type, double gain) {
+        setBand(0, type, 100.0, gain, 1.0);
+        kobal::SendMessage(panel(), WM_REFRESH_BANDPANEL, 0, 0);
+    }
+};
+
+// The frequency fader's axis written out: 20 Hz at 0, 24 kHz at 1000.
+int frequencyPosition(double hz) {
+    return static_cast<int>(std::log(1.0 + 400.0 * (hz - 20.0) / 23980.0) / std::log(401.0) *
+                            1000.0);
+}
+
+// The typed text stays as typed; the fader and the note name follow.
+TEST_F(BandPanelTest, TypedFrequencyMovesTheFaderAndTheNoteName) {
+    const std::pair<std::string, std::string> cases[] = {{"440", "A3"}, {"1000", "B4"}};
+    for (const auto& [typed, note] : cases) {
+        type(kFrequencyEdit, typed);
+        EXPECT_EQ(band(0).frequency, std::stod(typed));
+        EXPECT_EQ(text(panelControl(kFrequencyEdit)), typed);
+        EXPECT_EQ(text(panelControl(kNoteNameBox)), note);
+        EXPECT_EQ(position(kFrequencyFader), frequencyPosition(std::stod(typed)));
+    }
+    EXPECT_EQ(position(kFrequencyFader), 476);  // 476.05 truncated
+}
+
+// Stored as typed even beyond the faders; text that is no number reads as 0.
+TEST_F(BandPanelTest, TypedValuesAreStoredUnclampedAndNonNumbersAsZero) {
+    struct Case {
+        int edit;
+        const char* typed;
+        double EqBand::*value;
+        double stored;
+    };
+    const Case cases[] = {
+        {kBandwidthEdit, "6", &EqBand::bandwidth, 6.0},
+        {kGainEdit, "-6", &EqBand::gain, std::exp(-6.0 * kLogPerDb)},
+        {kFrequencyEdit, "treble", &EqBand::frequency, 0.0},
+        {kGainEdit, "x", &EqBand::gain, 1.0},
+        {kBandwidthEdit, "wide", &EqBand::bandwidth, 0.0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed);
+        type(c.edit, c.typed);
+        EXPECT_NEAR(band(0).*c.value, c.stored, 1e-15);
+    }
+    type(kBandwidthEdit, "6");
+    EXPECT_EQ(position(kBandwidthFader), 4000);
+}
+
+TEST_F(BandPanelTest, GainsAboveTheDesignCeilingShowAsItsDecibels) {
+    redesignBandOne(LowShelf, 100.0);
+    EXPECT_EQ(text(panelControl(kGainEdit)), "36.1");
+}
+
+// Typing opens one gesture, closed by the poll once the focus has moved.
+TEST_F(BandPanelTest, TypingOpensOneGestureThatEndsWhenTheUserMovesOn) {
+    type(kGainEdit, "4");
+    // Emptying the box and typing the digit: two edits of parameter 1.
+    EXPECT_EQ(countNotices(audioMasterBeginEdit, 1), 1);
+    EXPECT_EQ(countNotices(audioMasterAutomate, 1), 2);
+    EXPECT_EQ(notices().front().opcode, audioMasterBeginEdit);
+    EXPECT_EQ(notices().back().opt, static_cast<float>(0.25 * std::exp(4.0 * kLogPerDb)));
+    advanceClock(40);
+    EXPECT_EQ(countNotices(audioMasterEndEdit, 1), 0);
+    kobal_layer::SetFocus(control(kOutputGainEdit));
+    advanceClock(40);
+    EXPECT_EQ(countNotices(audioMasterEndEdit, 1), 1);
+    EXPECT_EQ(instance->gestureParam, -1);
+}
+
+// Frequency: 20 Hz to 24 kHz on a log axis; bandwidth: thousandths of an
+// octave from 10 to 4000, starting at 2 octaves.
+TEST_F(BandPanelTest, FadersSpanTheirRangesAndWriteTheBoxes) {
+    drag(kFrequencyFader, 0);
+    EXPECT_EQ(band(0).frequency, 20.0);
+    drag(kFrequencyFader, 1000);
+    EXPECT_NEAR(band(0).frequency, 24000.0, 1e-9);
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "24000.0");
+    drag(kFrequencyFader, 400);
+    const double axis = position(kFrequencyFader) / 1000.0;
+    EXPECT_NEAR(band(0).frequency, 20.0 + (std::exp(axis * std::log(401.0)) - 1.0) * 59.95, 1e-9);
+    EXPECT_EQ(notices().back().opcode, audioMasterEndEdit);  // at the release
+    HWND fader = panelControl(kBandwidthFader);
+    EXPECT_EQ(kobal::SendMessage(fader, kobal_layer::TBM_GETRANGEMIN, 0, 0), 10);
+    EXPECT_EQ(kobal::SendMessage(fader, kobal_layer::TBM_GETRANGEMAX, 0, 0), 4000);
+    EXPECT_EQ(position(fader), 2000);
+    drag(kBandwidthFader, 10);
+    EXPECT_EQ(band(0).bandwidth, 0.01);
+    EXPECT_EQ(text(panelControl(kBandwidthEdit)), "0.01");
+    drag(kBandwidthFader, 4000);
+    EXPECT_EQ(band(0).bandwidth, 4.0);
+    EXPECT_EQ(text(panelControl(kBandwidthEdit)), "4.00");
+}
+
+// The list shows a type set from elsewhere.
+TEST_F(BandPanelTest, TypeListPutsBandThirdAndTheOldVariantsLast) {
+    const std::vector<std::string> entries = {
+        "Low Shelf", "High Shelf", "Band",      "Low Pass",   "High Pass",
+        "All Pass",  "Notch",      "Band Pass", "Band (alt)", "Band (alt 2)"};
+    HWND list = panelControl(kBandTypeList);
+    ASSERT_EQ(kobal::SendMessage(list, kobal_layer::CB_GETCOUNT, 0, 0), 10);
+    for (size_t i = 0; i < entries.size(); ++i) {
+        char entry[64] = "";
+        kobal::SendMessage(list, kobal_layer::CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(entry));
+        EXPECT_EQ(entry, entries[i]) << "entry " << i;
+    }
+    redesignBandOne(BandAlt, 1.0);
+    EXPECT_EQ(kobal::SendMessage(list, CB_GETCURSEL, 0, 0), 8);
+}
+
+// With the selection past the last band the switches and boxes do nothing.
+TEST_F(BandPanelTest, WithNoValidBandTheControlsChangeNothing) {
+    instance->selectedBand = 7;
+    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kLogScaleAutomationBox)));
+    ASSERT_TRUE(kobal_layer::clickButton(panelControl(kEnabledBox)));
+    type(kFrequencyEdit, "300");
+    EXPECT_EQ(band(0).frequency, 100.0);
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(band(i).enabled, 1);
+    EXPECT_TRUE(notices().empty());
+}
+
+// Typed dB set the gain (text that is no number: unity) and move the fader:
+// 6 dB half way from 0 dB (750) to +12 dB (1000). Gains from outside show as
+// dB with one decimal, silent ones as "-inf" while the fader keeps their
+// level (the floor is -150 dB); the host hears nothing of those writes.
+TEST_F(BandPanelTest, OutputGainShowsAsDecibelTextAndFaderPosition) {
+    HWND fader = control(kOutputGainFader), box = control(kOutputGainEdit);
+    kobal_layer::typeIntoEdit(box, "6");
+    EXPECT_NEAR(instance->outputGain, 1.9952623149688795, 1e-15);
+    EXPECT_EQ(position(fader),
+              static_cast<int>(faderPositionOfDb(std::log(instance->outputGain) * kDbPerLog)));
+    EXPECT_NEAR(position(fader), 875, 1);
+    EXPECT_STREQ(kobal_layer::faderText(fader, kobal_layer::kFaderValueText), "6");
+    EXPECT_EQ(countNotices(audioMasterAutomate, -1), 2);  // emptied (0 dB), then 6
+    kobal_layer::typeIntoEdit(box, "loud");
+    EXPECT_EQ(instance->outputGain, 1.0);
+    EXPECT_EQ(position(fader), 750);
+    clearNotices();
+    const std::pair<double, std::string> cases[] = {{1.0, "0.0"},       {2.0, "6.0"},
+                                                    {0.5, "-6.0"},      {1.1e-6, "-119.2"},
+                                                    {1e-6, "-inf"},     {0.0, "-inf"}};
+    for (const auto& [gain, shown] : cases) {
+        instance->outputGain = gain;
+        refresh();
+        EXPECT_EQ(text(box), shown);
+        const double db = gain > 0.0 ? std::log(gain) * kDbPerLog : -150.0;
+        EXPECT_EQ(position(fader), static_cast<int>(faderPositionOfDb(db))) << shown;
+    }
+    EXPECT_STREQ(kobal_layer::faderText(fader, kobal_layer::kFaderValueText), "-inf");
+    EXPECT_TRUE(notices().empty());
+}
+
+}  // namespace

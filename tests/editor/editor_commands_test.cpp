@@ -1,0 +1,315 @@
+// The editor's buttons, switches and tab strip as a user works them, each
+// control found by the label a person reads, what the host hears of them in
+// order, the layout they change, and changes from outside (automation, a
+// smaller state) shown at the next 40 ms poll.
+#include <cmath>
+#include <functional>
+
+#include "editor/band_panel_controls.h"
+#include "editor/editor_dialog.h"
+#include "engine/band_list.h"
+#include "engine/band_removal.h"
+#include "host/ui/fader.h"
+#include "host/ui/input_injection.h"
+#include "host/ui/tab_control.h"
+#include "host/ui/window_tree.h"
+#include "plugin/parameters.h"
+#include "tests/editor/editor_fixture.h"
+
+namespace {
+
+// The text a person reads on a control: its caption, or a fader's name.
+std::string shownLabel(HWND window) {
+    const char* name = kobal_layer::faderText(window, kobal_layer::kFaderNameText);
+    return name ? name : window->text;
+}
+
+// Every window inside `window`, depth first.
+void collect(HWND window, std::vector<HWND>& windows) {
+    for (KobalWindow* child : window->children) {
+        windows.push_back(child);
+        collect(child, windows);
+    }
+}
+
+bool overlapsRows(const RECT& a, const RECT& b) { return a.top < b.bottom && b.top < a.bottom; }
+
+class ControlLabelsTest : public OpenEditorTest {
+protected:
+    std::vector<HWND> everyControl() const {
+        std::vector<HWND> windows;
+        collect(editor(), windows);
+        return windows;
+    }
+    // The control showing `label`.
+    HWND labelled(const std::string& label) const {
+        for (HWND window : everyControl())
+            if (shownLabel(window) == label) return window;
+        ADD_FAILURE() << "no control shows \"" << label << "\"";
+        return nullptr;
+    }
+    // The leftmost edit box or list right of the label on the same row.
+    HWND besideLabel(const std::string& label) const {
+        HWND text = labelled(label), found = nullptr;
+        const RECT textRect = rectInParent(text);
+        for (HWND window : everyControl()) {
+            const RECT rect = rectInParent(window);
+            const bool field = window->className == "Edit" || window->className == "ComboBox";
+            if (field && window->parent == text->parent && overlapsRows(rect, textRect) &&
+                rect.left >= textRect.right && (!found || rect.left < rectInParent(found).left))
+                found = window;
+        }
+        return found;
+    }
+    // The edit box right below the fader that shows `name`.
+    HWND belowFader(const std::string& name) const {
+        const RECT fader = rectInParent(labelled(name));
+        for (HWND window : everyControl()) {
+            const RECT rect = rectInParent(window);
+            if (window->className == "Edit" && rect.top >= fader.bottom && rect.left < fader.right &&
+                fader.left < rect.right)
+                return window;
+        }
+        return nullptr;
+    }
+    void click(const std::string& label) { ASSERT_TRUE(kobal_layer::clickButton(labelled(label))); }
+};
+
+struct LabelledControl {
+    const char* label;
+    std::function<void()> use;
+    std::function<bool()> changedAsLabelled;
+};
+
+TEST_F(ControlLabelsTest, EachHandledControlIsTheOneItsLabelNames) {
+    const std::vector<LabelledControl> controls = {
+        {"Show grid", [&] { click("Show grid"); }, [&] { return instance->showGrid == 0; }},
+        {"Show phase", [&] { click("Show phase"); },
+         [&] { return (instance->viewFlags & 1) != 0 && instance->showGrid == 0; }},
+        {"Show tabs", [&] { click("Show tabs"); click("Show tabs"); },
+         [&] { return instance->showTabs == 1 && (instance->viewFlags & 1) != 0; }},
+        {"Add band", [&] { click("Add band"); }, [&] { return instance->bandCount() == 5; }},
+        {"Remove band", [&] { click("Remove band"); },
+         [&] { return instance->bandCount() == 4 && instance->selectedBand == 3; }},
+        {"Frequency (Hz):",
+         [&] { kobal_layer::typeIntoEdit(besideLabel("Frequency (Hz):"), "2000"); },
+         [&] { return band(3).frequency == 2000.0 && band(3).gain == 1.0; }},
+        {"Gain (dB):", [&] { kobal_layer::typeIntoEdit(besideLabel("Gain (dB):"), "6"); },
+         [&] { return std::abs(band(3).gain - 1.9952623149688795) < 1e-12; }},
+        {"Bandwidth (oct):",
+         [&] { kobal_layer::typeIntoEdit(besideLabel("Bandwidth (oct):"), "1.5"); },
+         [&] { return band(3).bandwidth == 1.5 && band(3).frequency == 2000.0; }},
+        {"Type:", [&] { kobal_layer::chooseListEntry(besideLabel("Type:"), 0); },
+         [&] { return band(3).type == LowShelf; }},
+        {"Band frequency", [&] { kobal_layer::dragFaderTo(labelled("Band frequency"), 100); },
+         [&] { return band(3).frequency < 100.0 && band(3).bandwidth == 1.5; }},
+        {"Band width", [&] { kobal_layer::dragFaderTo(labelled("Band width"), 3000); },
+         [&] { return band(3).bandwidth == 3.0; }},
+        {"Band gain", [&] { kobal_layer::dragFaderTo(labelled("Band gain"), 1000); },
+         [&] { return band(3).gain > 3.0 && band(3).bandwidth == 3.0; }},
+        {"Enabled", [&] { click("Enabled"); }, [&] { return band(3).enabled == 0; }},
+        {"Log-scale automated frequencies", [&] { click("Log-scale automated frequencies"); },
+         [&] { return band(3).logScaleAutomation != band(2).logScaleAutomation; }},
+        {"Output gain", [&] { kobal_layer::dragFaderTo(labelled("Output gain"), 500); },
+         [&] { return instance->outputGain < 1.0; }},
+        {"edit box below \"Output gain\"",
+         [&] { kobal_layer::typeIntoEdit(belowFader("Output gain"), "-6"); },
+         [&] { return std::abs(instance->outputGain - 0.5011872336272722) < 1e-12; }},
+        {"Reset defaults", [&] { click("Reset defaults"); },
+         [&] { return band(3).type == HighShelf && band(3).enabled == 1; }},
+    };
+    for (const LabelledControl& control : controls) {
+        SCOPED_TRACE(control.label);
+        control.use();
+        EXPECT_TRUE(control.changedAsLabelled());
+    }
+}
+
+using Texts = std::vector<std::string>;
+
+class EditorCommandsTest : public OpenEditorTest {
+protected:
+    void click(int id) { ASSERT_TRUE(kobal_layer::clickButton(control(id))); }
+    void selectTab(int index) { ASSERT_TRUE(kobal_layer::clickTab(control(kBandTabs), index)); }
+    void appendFlatBand() {
+        ASSERT_TRUE(appendBand(instance, createDesignedBand(Band, 2000.0, 1.0, 1.0,
+                                                            instance->sampleRate)));
+    }
+    // Exactly these notices, then forgets them: an edit ended (unless
+    // `endedEdit` is -1), a changed parameter list (unless `delta` is 0) and
+    // the general change notice.
+    void expectNotices(int32_t endedEdit, int32_t first, int32_t delta) {
+        const std::vector<HostNotice> sent = notices();
+        clearNotices();
+        ASSERT_EQ(sent.size(), 1u + (endedEdit >= 0) + (delta != 0));
+        EXPECT_TRUE(endedEdit < 0 ||
+                    (sent[0].opcode == audioMasterEndEdit && sent[0].index == endedEdit));
+        EXPECT_TRUE(delta == 0 || sent[sent.size() - 2].isListChange(first, delta));
+        EXPECT_TRUE(sent.back().isHostChanged());
+    }
+};
+
+// A gesture open in the gain box is closed before the list changes.
+TEST_F(EditorCommandsTest, AddBandAppendsAFlatBellSelectsItAndTellsTheHost) {
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "3");
+    clearNotices();
+    click(kAddBandButton);
+    EXPECT_EQ(instance->selectedBand, 4);
+    EXPECT_EQ(instance->effect.numParams, 15);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
+    EXPECT_EQ(currentTab(), 4);
+    const EqBand added = band(4);
+    EXPECT_EQ(added.type, Band);
+    EXPECT_EQ(added.frequency, 700.0);
+    EXPECT_EQ(added.gain, 1.0);
+    EXPECT_EQ(added.bandwidth, 2.0);
+    EXPECT_NE(added.enabled, 0);
+    expectNotices(1, 12, 3);
+}
+
+// The host's parameters then address the bands at their new indexes; the
+// last band's removal selects the one before it; the only band stays.
+TEST_F(EditorCommandsTest, RemoveBandKeepsTheSelectedIndexWhileThereIsABandThere) {
+    selectTab(1);
+    click(kRemoveBandButton);
+    EXPECT_EQ(instance->selectedBand, 1);
+    EXPECT_EQ(band(1).frequency, 1000.0);  // formerly band 3
+    EXPECT_EQ(instance->effect.numParams, 9);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3"}));
+    EXPECT_EQ(currentTab(), 1);
+    expectNotices(-1, 3, -3);
+    setParameter(&instance->effect, 4, 0.5f);
+    EXPECT_EQ(band(1).gain, 2.0);
+    selectTab(2);
+    click(kRemoveBandButton);
+    EXPECT_EQ(instance->selectedBand, 1);
+    EXPECT_EQ(currentTab(), 1);
+    expectNotices(-1, 6, -3);
+    click(kRemoveBandButton);
+    clearNotices();
+    click(kRemoveBandButton);
+    EXPECT_EQ(instance->bandCount(), 1);
+    EXPECT_EQ(instance->effect.numParams, 3);
+    EXPECT_EQ(tabTexts(), (Texts{"1"}));
+    EXPECT_EQ(instance->selectedBand, 0);
+    EXPECT_TRUE(notices().empty());
+}
+
+// From more bands, from fewer, and from as many with a gesture open.
+TEST_F(EditorCommandsTest, ResetDefaultsTellsTheHostHowTheListChanged) {
+    click(kAddBandButton);
+    click(kAddBandButton);
+    clearNotices();
+    click(kResetDefaultsButton);
+    EXPECT_EQ(instance->effect.numParams, 12);
+    EXPECT_EQ(instance->selectedBand, 0);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4"}));
+    EXPECT_EQ(currentTab(), 0);
+    expectNotices(-1, 12, -6);
+    click(kRemoveBandButton);
+    clearNotices();
+    click(kResetDefaultsButton);
+    expectNotices(-1, 9, 3);
+    EXPECT_EQ(band(0).type, LowShelf);
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "5");
+    clearNotices();
+    click(kResetDefaultsButton);
+    EXPECT_EQ(band(0).gain, 1.0);
+    expectNotices(1, 0, 0);
+}
+
+// The panel showed band 4 (a high shelf); right after the reset, before any
+// timer tick, it shows band 1, and its faders work on band 1 as it now is.
+TEST_F(EditorCommandsTest, ResetDefaultsShowsBandOneInThePanelAtOnce) {
+    selectTab(3);
+    advanceClock(40);
+    ASSERT_EQ(text(panelControl(kFrequencyEdit)), "5000.0");
+    click(kResetDefaultsButton);
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "100.0");
+    EXPECT_EQ(kobal::SendMessage(panelControl(kBandTypeList), CB_GETCURSEL, 0, 0), 0);
+    ASSERT_TRUE(kobal_layer::dragFaderTo(panelControl(kFrequencyFader), 300));
+    EXPECT_EQ(band(0).type, LowShelf);
+    EXPECT_NE(band(0).frequency, 100.0);
+    EXPECT_EQ(band(3).frequency, 5000.0);
+}
+
+using EditorTabsTest = EditorCommandsTest;
+
+// Band 6 of 6 is selected when a state of two bands arrives: the refresh
+// selects band 2, its tab and its values, and typing and "Remove band" act on it.
+TEST_F(EditorTabsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
+    ASSERT_TRUE(removeBandAt(instance, 3));
+    ASSERT_TRUE(removeBandAt(instance, 2));
+    void* data = nullptr;
+    const intptr_t size =
+        instance->effect.dispatcher(&instance->effect, effGetChunk, 0, 0, &data, 0.0f);
+    std::vector<uint8_t> twoBands(static_cast<uint8_t*>(data), static_cast<uint8_t*>(data) + size);
+    for (int i = 0; i < 4; ++i) appendFlatBand();
+    refresh();
+    selectTab(5);
+    advanceClock(40);
+    ASSERT_EQ(text(panelControl(kFrequencyEdit)), "2000.0");
+
+    instance->effect.dispatcher(&instance->effect, effSetChunk, 0, size, twoBands.data(), 0.0f);
+    advanceClock(40);
+    EXPECT_EQ(instance->selectedBand, 1);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2"}));
+    EXPECT_EQ(currentTab(), 1);
+    EXPECT_EQ(text(panelControl(kFrequencyEdit)), "300.0");
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "6");
+    EXPECT_NEAR(band(1).gain, 1.9952623149688795, 1e-12);
+    click(kRemoveBandButton);
+    EXPECT_EQ(instance->bandCount(), 1);
+    EXPECT_EQ(band(0).type, LowShelf);
+}
+
+// At the default size (1020 by 640) forty tabs do not fit: the strip scrolls,
+// every band can be chosen, and a band added from the editor shows its tab.
+TEST_F(EditorTabsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
+    kobal::SetWindowPos(hostWindow, nullptr, 0, 0, 1020, 640, SWP_NOMOVE | SWP_NOZORDER);
+    advanceClock(40);
+    for (int i = 4; i < 40; ++i) appendFlatBand();
+    refresh();
+    HWND tabs = control(kBandTabs);
+    ASSERT_GT(kobal_layer::tabScrollButtonRect(tabs, 1).right, 0);
+    for (int index : {39, 0, 25, 12}) {
+        selectTab(index);
+        EXPECT_EQ(instance->selectedBand, index);
+    }
+    click(kAddBandButton);
+    EXPECT_EQ(currentTab(), 40);
+    EXPECT_GT(kobal_layer::tabHeaderRect(tabs, 40).right, 0);
+}
+
+TEST_F(EditorCommandsTest, AutomationShowsInTheControlsOnlyWhenThePollFires) {
+    advanceClock(40);  // a first poll, so the next one is a whole period away
+    setParameter(&instance->effect, 1, 0.5f);  // band 1's gain to 2.0
+    EXPECT_EQ(band(0).gain, 2.0);
+    advanceClock(39);
+    EXPECT_EQ(text(panelControl(kGainEdit)), "0.0");
+    advanceClock(1);
+    EXPECT_EQ(text(panelControl(kGainEdit)), "6.0");
+    EXPECT_TRUE(notices().empty());
+}
+
+// The graph then reaches down to just above the buttons, also when the
+// editor opens again.
+TEST_F(EditorCommandsTest, HidingTabsHidesStripAndPanelAndExtendsTheGraph) {
+    const RECT withTabs = rectInParent(view);
+    click(kShowTabsBox);
+    expectNotices(-1, 0, 0);
+    ASSERT_TRUE(openEditor(instance, hostWindow));
+    advanceClock(0);
+    EXPECT_FALSE(isShown(control(kBandTabs)));
+    EXPECT_FALSE(isShown(panel()));
+    EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowTabsBox), BST_UNCHECKED);
+    const RECT graph = rectInParent(control(kResponseViewControl));
+    EXPECT_EQ(graph.bottom, rectInParent(control(kRemoveBandButton)).top - 4);
+    EXPECT_EQ(graph.top, withTabs.top);
+    EXPECT_EQ(graph.right, withTabs.right);
+    click(kShowTabsBox);
+    EXPECT_TRUE(isShown(panel()));
+    EXPECT_EQ(rectInParent(control(kResponseViewControl)).bottom, withTabs.bottom);
+}
+
+}  // namespace

@@ -1,0 +1,92 @@
+// An instance with its editor open in a host window of the stand-in
+// windowing layer, on the layer's test clock. The plug-in's kobal:: slots are
+// bound to the layer's functions, as loading the library would; the host
+// callback answers the extension requests from the host's own table and
+// records every notice.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "contracts/host_extensions.h"
+#include "contracts/mura.h"
+#include "editor/editor_controls.h"
+#include "engine/eq_band.h"
+#include "plugin/eq_instance.h"
+#include "plugin/ui_layer.h"
+
+void bindHostLayerOnce();
+RECT rectInParent(HWND window);  // in its parent's client coordinates
+std::string text(HWND window);
+bool isShown(HWND window);
+
+struct HostNotice {
+    int32_t opcode, index;
+    float opt;
+    std::optional<ParamListChange> listChange;
+    bool isListChange(int32_t first, int32_t delta) const {
+        return listChange && listChange->first == first && listChange->delta == delta;
+    }
+    bool isHostChanged() const { return opcode == audioMasterAutomate && index == -1; }
+};
+
+class EditorTest : public ::testing::Test {
+protected:
+    static constexpr int kHostWidth = 1100, kHostHeight = 700;
+
+    void SetUp() override;
+    void TearDown() override;
+    // Opens the editor in a host window of this client size and delivers the
+    // first sizing pass.
+    void openEditorIn(int width, int height);
+    // Opens the editor at the default size and gives the graph this client size.
+    void openView(int width, int height) {
+        openEditorIn(kHostWidth, kHostHeight);
+        kobal::SetWindowPos(view, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+    }
+    HWND editor() const { return instance->editorWindow.load(); }
+    HWND panel() const { return instance->bandPanelWindow; }
+    HWND control(int id) const { return kobal::GetDlgItem(editor(), id); }
+    HWND panelControl(int id) const { return kobal::GetDlgItem(panel(), id); }
+    void refresh() const;  // as the poll does after a change from outside
+    // Moves the test clock on and lets the pump deliver what is due.
+    void advanceClock(uint32_t milliseconds);
+
+    std::vector<HostNotice> notices() const;
+    void clearNotices();
+    int countNotices(int32_t opcode, int32_t index) const;
+    std::vector<std::string> tabTexts() const;
+    int currentTab() const { return kobal::TabCtrl_GetCurSel(control(kBandTabs)); }
+
+    EqBand band(int index) const;  // a copy, taken under the lock
+    // Redesigns band `index` the way the editor does, under the lock.
+    void setBand(int index, int32_t type, double frequency, double gain, double bandwidth,
+                 bool enabled = true);
+    void silenceAllBands();
+    // Both channels of `input` through processDoubleReplacing.
+    void process(const std::vector<double>& input);
+
+    // The graph: painting and the pixels of its off-screen bitmap.
+    void paint() const { kobal::SendMessage(view, WM_PAINT, 0, 0); }
+    uint32_t pixel(int x, int y) const;
+    int countPixels(uint32_t color, int left, int top, int right, int bottom) const;
+    POINT screenPoint(int x, int y) const;
+
+    EqInstance* instance = nullptr;
+    HWND hostWindow = nullptr;
+    HWND view = nullptr;
+};
+
+// The editor already open in a host window of the default size, with the
+// notices of the opening cleared.
+class OpenEditorTest : public EditorTest {
+protected:
+    void SetUp() override {
+        EditorTest::SetUp();
+        if (!HasFatalFailure()) openEditorIn(kHostWidth, kHostHeight);
+        clearNotices();
+    }
+};
