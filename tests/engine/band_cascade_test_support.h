@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <ostream>
 #include <random>
 #include <string>
 #include <vector>
@@ -16,26 +15,17 @@
 
 using Random = std::mt19937_64;
 
-// Test names and messages show the set by name.
-void PrintTo(InstructionSet set, std::ostream* out);
-
-// Parameter names for test suites instantiated over the runnable sets.
+// The sets this processor runs, as test parameters named after the set.
+std::vector<InstructionSet> runnableInstructionSets();
 std::string instructionSetTestName(const testing::TestParamInfo<InstructionSet>& info);
 
-// The sets this processor runs, SSE2 first.
-std::vector<InstructionSet> runnableInstructionSets();
-
-// A band designed from a random type (codes 0..9 and some unknown ones),
-// frequency, gain and bandwidth, with a random filter history.
-EqBand randomBand(Random& random);
-// A band whose coefficients are arbitrary, unstable ones included, so that its
-// output overflows and the non-finite branch of the flush is taken.
-EqBand wildBand(Random& random);
-// Mostly randomBand, now and then wildBand.
+// Bands designed from random values of every type (unknown codes too) with a
+// random history; now and then one with arbitrary, unstable coefficients, so
+// that its output overflows and the non-finite branch of the flush is taken.
 std::vector<EqBand> randomBands(Random& random, int32_t count);
 
 // Noise with NaNs, infinities, denormals, values just around 2^-54, signed
-// zeros, huge values, and stretches of silence in which histories decay.
+// zeros, huge values, and a stretch of silence in which histories decay.
 std::vector<double> laced(Random& random, int32_t frames);
 
 struct StereoSignal {
@@ -54,9 +44,8 @@ struct Outcome {
 Outcome startFrom(const std::vector<EqBand>& bands, int32_t frames);
 std::vector<EqBand*> pointersTo(std::vector<EqBand>& bands);
 
-void expectSameOutcome(const Outcome& actual, const Outcome& expected);
 void expectSameBits(const std::vector<double>& actual, const std::vector<double>& expected,
                     const char* what);
-// Coefficients, both histories and the glide state, bit for bit.
-void expectSameBand(const EqBand& actual, const EqBand& expected, int32_t index);
+// Coefficients, design, both histories and the glide state, bit for bit.
 void expectSameBands(const std::vector<EqBand>& actual, const std::vector<EqBand>& expected);
+void expectSameOutcome(const Outcome& actual, const Outcome& expected);

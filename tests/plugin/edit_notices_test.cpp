@@ -27,119 +27,75 @@ intptr_t recordingHost(AEffect*, int32_t opcode, int32_t index, intptr_t, void*,
     return 0;
 }
 
-class EditNotices : public ::testing::Test {
-protected:
-    void SetUp() override {
-        notices.clear();
-        processHostCallback = recordingHost;
-        kobal::GetFocus = [] { return focusedWindow; };
-        instance = makeTestInstance();
+}  // namespace
+
+// Steps: 'T' touches parameter p, 'R' reports it (ending when `flag`), 'E'
+// ends the gesture once the focus left the panel (still on it when `flag`),
+// 'C' forgets the notices so far.
+TEST(EditNotices, GesturesOpenOnceAndEndBeforeTheNext) {
+    struct Step {
+        char action;
+        int32_t p = 0;
+        bool flag = false;
+    };
+    struct Case {
+        const char* what;
+        std::vector<Step> steps;
+        std::vector<Notice> expected;
+        int32_t gestureAfter;
+    } cases[] = {
+        {"repeated touch", {{'T', 4}, {'T', 4}},
+         {{audioMasterBeginEdit, 4, 0}, {audioMasterAutomate, 4, 0.25f}, {audioMasterAutomate, 4, 0.25f}}, 4},
+        {"another parameter", {{'T', 4}, {'C'}, {'T', 7}},
+         {{audioMasterEndEdit, 4, 0}, {audioMasterBeginEdit, 7, 0}, {audioMasterAutomate, 7, 0.25f}}, 7},
+        {"structural change", {{'T', 6}, {'C'}, {'T', -1}},
+         {{audioMasterEndEdit, 6, 0}, {audioMasterAutomate, -1, 0}}, -1},
+        {"focus moves", {{'T', 1}, {'C'}, {'E', 0, true}, {'E'}}, {{audioMasterEndEdit, 1, 0}}, -1},
+        {"reports", {{'T', 2}, {'C'}, {'R', 2}, {'R', 2, true}, {'R', 99}},
+         {{audioMasterAutomate, 2, 0.5f}, {audioMasterEndEdit, 2, 0}, {audioMasterAutomate, 99, 0}}, 2},
+    };
+    processHostCallback = recordingHost;
+    kobal::GetFocus = [] { return focusedWindow; };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        auto instance = makeTestInstance();
         ASSERT_TRUE(loadDefaultBands(instance.get()));
+        notices.clear();
+        for (const Step& step : c.steps) {
+            focusedWindow = step.flag ? reinterpret_cast<HWND>(0x1000) : nullptr;
+            if (step.action == 'T') touchParameter(instance.get(), step.p);
+            if (step.action == 'R') reportParameter(instance.get(), step.p, step.flag);
+            if (step.action == 'E') endEditGesture(instance.get(), true);
+            if (step.action == 'C') notices.clear();
+        }
+        EXPECT_EQ(notices, c.expected);
+        EXPECT_EQ(instance->gestureParam, c.gestureAfter);
     }
-    void TearDown() override { processHostCallback = nullptr; }
-    InstancePtr instance;
-};
-
-TEST_F(EditNotices, RepeatedTouchOpensOneGesture) {
-    touchParameter(instance.get(), 4);
-    touchParameter(instance.get(), 4);
-    std::vector<Notice> expected = {{audioMasterBeginEdit, 4, 0.0f},
-                                    {audioMasterAutomate, 4, 0.25f},
-                                    {audioMasterAutomate, 4, 0.25f}};
-    EXPECT_EQ(notices, expected);
-    EXPECT_EQ(instance->gestureParam, 4);
-}
-
-TEST_F(EditNotices, TouchingAnotherParameterEndsTheOpenGestureFirst) {
-    touchParameter(instance.get(), 4);
-    notices.clear();
-    touchParameter(instance.get(), 7);
-    std::vector<Notice> expected = {{audioMasterEndEdit, 4, 0.0f},
-                                    {audioMasterBeginEdit, 7, 0.0f},
-                                    {audioMasterAutomate, 7, 0.25f}};
-    EXPECT_EQ(notices, expected);
-}
-
-TEST_F(EditNotices, StructuralChangeEndsTheGestureAndAutomatesMinusOne) {
-    touchParameter(instance.get(), 6);
-    notices.clear();
-    touchParameter(instance.get(), -1);
-    std::vector<Notice> expected = {{audioMasterEndEdit, 6, 0.0f}, {audioMasterAutomate, -1, 0.0f}};
-    EXPECT_EQ(notices, expected);
-    EXPECT_EQ(instance->gestureParam, -1);
-    EXPECT_EQ(instance->gestureWindow, nullptr);
-}
-
-TEST_F(EditNotices, GestureEndsOnlyOnceTheFocusMoves) {
-    auto* panel = reinterpret_cast<HWND>(0x1000);
-    focusedWindow = panel;
-    touchParameter(instance.get(), 1);
-    notices.clear();
-    endEditGesture(instance.get(), true);
-    EXPECT_TRUE(notices.empty());
-    focusedWindow = nullptr;
-    endEditGesture(instance.get(), true);
-    EXPECT_EQ(notices, (std::vector<Notice>{{audioMasterEndEdit, 1, 0.0f}}));
-    EXPECT_EQ(instance->gestureParam, -1);
-}
-
-TEST_F(EditNotices, ReportSendsValueOrEndWithoutClosingTheGesture) {
-    touchParameter(instance.get(), 2);
-    notices.clear();
-    reportParameter(instance.get(), 2, false);
-    reportParameter(instance.get(), 2, true);
-    reportParameter(instance.get(), 99, false);
-    std::vector<Notice> expected = {{audioMasterAutomate, 2, 0.5f},
-                                    {audioMasterEndEdit, 2, 0.0f},
-                                    {audioMasterAutomate, 99, 0.0f}};
-    EXPECT_EQ(notices, expected);
-    EXPECT_EQ(instance->gestureParam, 2);
-}
-
-TEST_F(EditNotices, NoHostCallbackMeansNoNotices) {
     processHostCallback = nullptr;
-    touchParameter(instance.get(), 3);
-    reportParameter(instance.get(), 3, false);
-    notifyHostChanged(instance.get());
-    EXPECT_TRUE(notices.empty());
 }
 
-TEST(NoteNames, OctavesChangeBetweenBAndC) {
-    char text[16];
-    midiOctaveOffset = nullptr;
-    noteName(text, 440.0);
-    EXPECT_STREQ(text, "A3");
-    noteName(text, 466.16);
-    EXPECT_STREQ(text, "A#3");
-    noteName(text, 493.88);
-    EXPECT_STREQ(text, "B3");
-    noteName(text, 523.25);
-    EXPECT_STREQ(text, "C4");
-    noteName(text, 15.0);
-    EXPECT_STREQ(text, "");
-    noteName(text, 0.0);
-    EXPECT_STREQ(text, "");
-    noteName(text, 880.0 * 0.98);  // 35 cents flat of A4 rounds to A4
-    EXPECT_STREQ(text, "A4");
-}
-
-TEST(NoteNames, FollowTheHostOctaveOffsetOnEveryCall) {
-    int32_t offset = 1;
-    midiOctaveOffset = &offset;
-    char text[16];
-    noteName(text, 440.0);
-    EXPECT_STREQ(text, "A4");
-    offset = -2;
-    noteName(text, 440.0);
-    EXPECT_STREQ(text, "A1");
+TEST(NoteNames, OctavesChangeBetweenBAndCAndFollowTheHostOffset) {
+    int32_t up = 1, down = -2;
+    struct Case {
+        double frequency;
+        int32_t* offset;
+        const char* text;
+    } cases[] = {{440.0, nullptr, "A3"}, {466.16, nullptr, "A#3"}, {493.88, nullptr, "B3"},
+                 {523.25, nullptr, "C4"}, {15.0, nullptr, ""},    {0.0, nullptr, ""},
+                 {880.0 * 0.98, nullptr, "A4"},  // 35 cents flat rounds to A4
+                 {440.0, &up, "A4"},     {440.0, &down, "A1"}};
+    for (const Case& c : cases) {
+        char text[16];
+        midiOctaveOffset = c.offset;
+        noteName(text, c.frequency);
+        EXPECT_STREQ(text, c.text) << c.frequency;
+    }
     midiOctaveOffset = nullptr;
 }
 
 TEST(AmplitudeToDecibels, FloorAndUnity) {
     EXPECT_EQ(ampToDb(0.0), -150.0);
+    EXPECT_EQ(ampToDb(1e-9), -150.0);
     EXPECT_EQ(ampToDb(1.0), 0.0);
     EXPECT_NEAR(ampToDb(2.0), 6.0206, 1e-4);
-    EXPECT_EQ(ampToDb(1e-9), -150.0);
 }
-
-}  // namespace
