@@ -45,7 +45,7 @@ ChunkBytes twoBands(int32_t recordSize) {
 
 // Records of 33 packed bytes (type, enabled, frequency, gain, bandwidth, log
 // flag), then grid, tabs, output gain, view flags, editor width and height.
-TEST(StateChunk, DefaultStateIsWrittenInThe168ByteLayout) {
+TEST(StateChunkFormat, DefaultStateIsWrittenInThe168ByteLayout) {
     auto instance = makeTestInstance();
     ASSERT_TRUE(loadDefaultBands(instance.get()));
     ChunkBytes expected;
@@ -64,7 +64,7 @@ TEST(StateChunk, DefaultStateIsWrittenInThe168ByteLayout) {
     EXPECT_EQ(chunk.at<double>(148), 0.75);
 }
 
-TEST(StateChunk, RoundTripReproducesEveryValueBitForBit) {
+TEST(StateChunkFormat, RoundTripReproducesEveryValueBitForBit) {
     auto source = makeTestInstance();
     addTestBand(source.get(), LowShelf, 5.0, 0.005, 0.0);
     addTestBand(source.get(), 12, 30000.0, 70.0, 20.0)->enabled = 0;
@@ -89,55 +89,47 @@ TEST(StateChunk, RoundTripReproducesEveryValueBitForBit) {
     EXPECT_EQ(writtenChunk(copy.get()), first);
 }
 
-// Old 32-byte records have no flag; longer ones skip their extra bytes.
-// Loaded bands are designed for the instance's rate, without glide.
-TEST(StateChunk, EveryRecordSizeFromThirtyTwoLoads) {
+// Records of 32 bytes (older, without the flag) and more (extra bytes skipped)
+// load designed for the instance's rate; a trailer cut at any length sets
+// what is there and leaves the rest.
+TEST(StateChunkFormat, EveryRecordSizeAndTrailerLengthReadsOnlyWhatIsThere) {
     for (int32_t recordSize : {32, 33, 45}) {
-        SCOPED_TRACE(recordSize);
-        auto instance = makeTestInstance();
-        instance->sampleRate = 48000.0;
-        readChunk(instance.get(), twoBands(recordSize));
-        ASSERT_EQ(instance->bandCount(), 2);
-        const EqBand &shelf = *instance->band(0), &notch = *instance->band(1);
-        expectCoefficients(shelf, referenceHighShelf(48000.0, 6000.0, 2.0, 1.0));
-        EXPECT_EQ(shelf.glideGain, 2.0);
-        EXPECT_EQ(shelf.logScaleAutomation, 0);
-        EXPECT_EQ(notch.logScaleAutomation, recordSize > 32 ? 1 : 0);  // bit 0 of 0xFF
-        EXPECT_EQ(std::tie(notch.type, notch.enabled, notch.bandwidth), std::tuple(Notch, 0, 0.5));
-        EXPECT_EQ(instance->effect.numParams, 6);
-        EXPECT_EQ(instance->refreshRequested, 1);
-        EXPECT_EQ(instance->editorHeight, 600);
-    }
-}
-
-// A trailer cut at any length sets what is there; the rest keeps its value.
-TEST(StateChunk, EveryTrailerLengthReadsOnlyWhatIsThere) {
-    ChunkBytes complete = twoBands(33);
-    const size_t trailerAt = 8 + 2 * 33;
-    for (int length = 0; length <= 28; ++length) {
-        SCOPED_TRACE(length);
-        const bool gain = length >= 16, size = length >= 28;
-        // 12 to 15 bytes are an older trailer without the gain: view flags follow the tabs
-        const int flagsAt = length >= 20 ? 16 : (length >= 12 && length < 16 ? 8 : -1);
-        ChunkBytes chunk;
-        chunk.bytes.assign(complete.bytes.begin(), complete.bytes.begin() + trailerAt + length);
-        auto instance = makeTestInstance();
-        setMarkers(instance.get());
-        readChunk(instance.get(), chunk);
-        ASSERT_EQ(instance->bandCount(), 2);
-        EXPECT_EQ(instance->showGrid, length >= 4 ? 0 : 70);
-        EXPECT_EQ(instance->showTabs, length >= 8 ? 1 : 71);
-        EXPECT_EQ(instance->outputGain, gain ? 0.25 : 1.0);
-        EXPECT_EQ(instance->currentOutputGain, gain ? 0.25 : 1.0);
-        EXPECT_EQ(instance->viewFlags,
-                  flagsAt < 0 ? 72 : complete.at<int32_t>(trailerAt + flagsAt));
-        EXPECT_EQ(instance->editorWidth, size ? 800 : 73);
-        EXPECT_EQ(instance->editorHeight, size ? 600 : 74);
+        ChunkBytes complete = twoBands(recordSize);
+        const size_t trailerAt = 8 + 2 * recordSize;
+        for (int length = 0; length <= 28; ++length) {
+            SCOPED_TRACE(testing::Message() << recordSize << "-byte records, trailer " << length);
+            const bool gain = length >= 16, size = length >= 28;
+            // 12 to 15 bytes are an older trailer without the gain: view flags follow the tabs
+            const int flagsAt = length >= 20 ? 16 : (length >= 12 && length < 16 ? 8 : -1);
+            ChunkBytes chunk;
+            chunk.bytes.assign(complete.bytes.begin(), complete.bytes.begin() + trailerAt + length);
+            auto instance = makeTestInstance();
+            setMarkers(instance.get());
+            instance->sampleRate = 48000.0;
+            readChunk(instance.get(), chunk);
+            ASSERT_EQ(instance->bandCount(), 2);
+            const EqBand &shelf = *instance->band(0), &notch = *instance->band(1);
+            expectCoefficients(shelf, referenceHighShelf(48000.0, 6000.0, 2.0, 1.0));
+            EXPECT_EQ(shelf.glideGain, 2.0);
+            EXPECT_EQ(shelf.logScaleAutomation, 0);
+            EXPECT_EQ(notch.logScaleAutomation, recordSize > 32 ? 1 : 0);  // bit 0 of 0xFF
+            EXPECT_EQ(std::tie(notch.type, notch.enabled, notch.bandwidth), std::tuple(Notch, 0, 0.5));
+            EXPECT_EQ(instance->effect.numParams, 6);
+            EXPECT_EQ(instance->refreshRequested, 1);
+            EXPECT_EQ(instance->showGrid, length >= 4 ? 0 : 70);
+            EXPECT_EQ(instance->showTabs, length >= 8 ? 1 : 71);
+            EXPECT_EQ(instance->outputGain, gain ? 0.25 : 1.0);
+            EXPECT_EQ(instance->currentOutputGain, gain ? 0.25 : 1.0);
+            EXPECT_EQ(instance->viewFlags,
+                      flagsAt < 0 ? 72 : complete.at<int32_t>(trailerAt + flagsAt));
+            EXPECT_EQ(instance->editorWidth, size ? 800 : 73);
+            EXPECT_EQ(instance->editorHeight, size ? 600 : 74);
+        }
     }
 }
 
 // Bad chunks keep the bands; all but the shortest reset the output gain.
-TEST(StateChunk, RejectedChunksKeepTheBands) {
+TEST(StateChunkFormat, RejectedChunksKeepTheBands) {
     constexpr int32_t kMax = std::numeric_limits<int32_t>::max();
     struct Case {
         const char* why;
