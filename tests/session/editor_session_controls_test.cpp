@@ -8,7 +8,7 @@
 #include "host/ui/input_injection.h"
 #include "host/ui/tab_control.h"
 #include "host/ui/window_functions.h"
-#include "tests/session/session_fixture.h"
+#include "tests/session/editor_session_fixture.h"
 
 namespace {
 
@@ -57,7 +57,7 @@ TEST_F(EditorSession, BandButtonsGrowAndShrinkTheHostParameterList) {
     ASSERT_TRUE(kobal_layer::clickButton(item(kRemoveBand)));  // the new, selected band
     EXPECT_EQ(session->parameterCount(), 12);
     EXPECT_EQ(tabCount(), 4);
-    const std::vector<HostCall> removed = callsWith({audioMasterVendorSpecific});
+    const std::vector<HostCall> removed = callsWith(audioMasterVendorSpecific);
     ASSERT_EQ(removed.size(), 1u);
     expectListChange(removed[0], 12, -3);
 }

@@ -10,7 +10,7 @@
 #include "host/ui/menus.h"
 #include "host/ui/painting.h"
 #include "host/ui/window_functions.h"
-#include "tests/session/session_fixture.h"
+#include "tests/session/editor_session_fixture.h"
 
 namespace {
 
@@ -66,7 +66,7 @@ TEST_F(ResponseViewSession, ContextMenuAddsABandWhereTheUserClicked) {
     kobal_layer::pressMouse(MouseButton::right, onGraph(columnOf(2000.0), height / 4));
     kobal_layer::releaseMouse(MouseButton::right, onGraph(columnOf(2000.0), height / 4));
     EXPECT_EQ(session->parameterCount(), 15);
-    const std::vector<HostCall> listChanges = callsWith({audioMasterVendorSpecific});
+    const std::vector<HostCall> listChanges = callsWith(audioMasterVendorSpecific);
     ASSERT_EQ(listChanges.size(), 1u);
     expectListChange(listChanges[0], 12, 3);
     EXPECT_GT(session->parameter(13), 0.25f);  // above 0 dB

@@ -1,5 +1,4 @@
-// A loaded plug-in and one open effect session, shared by the session tests;
-// EditorSessionTest also opens the editor in a host window on the test clock.
+// A loaded plug-in and one open effect session, shared by the session tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,10 +8,6 @@
 #include <vector>
 
 #include "host/host_session.h"
-#include "host/ui/host_clock.h"
-#include "host/ui/host_windows.h"
-#include "host/ui/messages.h"
-#include "host/ui/window_tree.h"
 
 class SessionTest : public ::testing::Test {
 protected:
@@ -24,16 +19,21 @@ protected:
         session = EffectSession::open(library());
         ASSERT_TRUE(session);
     }
-    // The calls the plug-in made into the host with one of these opcodes, in order.
-    std::vector<HostCall> callsWith(std::initializer_list<int32_t> opcodes) const {
+    // The calls the plug-in made into the host with this opcode, in order.
+    std::vector<HostCall> callsWith(int32_t opcode) const {
         std::vector<HostCall> matching;
         for (const HostCall& call : session->hostCalls())
-            for (int32_t opcode : opcodes)
-                if (call.opcode == opcode) matching.push_back(call);
+            if (call.opcode == opcode) matching.push_back(call);
         return matching;
     }
+    // The audioMasterAutomate, BeginEdit and EndEdit calls, in order.
     std::vector<HostCall> gestureCalls() const {
-        return callsWith({audioMasterAutomate, audioMasterBeginEdit, audioMasterEndEdit});
+        std::vector<HostCall> matching;
+        for (const HostCall& call : session->hostCalls())
+            if (call.opcode == audioMasterAutomate || call.opcode == audioMasterBeginEdit ||
+                call.opcode == audioMasterEndEdit)
+                matching.push_back(call);
+        return matching;
     }
     // Opcode and index of each call.
     static std::vector<std::pair<int32_t, int32_t>> opcodesOf(const std::vector<HostCall>& calls) {
@@ -49,27 +49,4 @@ protected:
     }
 
     std::unique_ptr<EffectSession> session;
-};
-
-class EditorSessionTest : public SessionTest {
-protected:
-    void SetUp() override {
-        SessionTest::SetUp();
-        kobal_layer::resetWindowingLayer();
-        kobal_layer::useTestClock(5000);
-        host = kobal_layer::createHostWindow("session", RECT{20, 20, 1020, 660});
-        ASSERT_TRUE(session->openEditor(host));
-        kobal_layer::pumpMessages();
-        ASSERT_EQ(kobal_layer::liveWindow(host)->children.size(), 1u);
-        editor = kobal_layer::liveWindow(host)->children[0];
-        session->clearHostCalls();
-    }
-    void TearDown() override {
-        session->closeEditor();
-        kobal_layer::resetWindowingLayer();
-        kobal_layer::useRealClock();
-    }
-
-    HWND host = nullptr;
-    HWND editor = nullptr;
 };

@@ -98,10 +98,10 @@ TEST_F(VendorRequests, SettingAMissingHighPassCreatesThreeAndTellsTheHost) {
         EXPECT_EQ(saved(i, 1), 1.0);
         EXPECT_EQ(saved(i, 2), 2.0);
     }
-    std::vector<HostCall> notices = callsWith({audioMasterVendorSpecific});
+    std::vector<HostCall> notices = callsWith(audioMasterVendorSpecific);
     ASSERT_EQ(notices.size(), 3u);
     for (int i = 0; i < 3; ++i) expectListChange(notices[i], 12 + 3 * i, 3);
-    std::vector<HostCall> automation = callsWith({audioMasterAutomate});
+    std::vector<HostCall> automation = callsWith(audioMasterAutomate);
     ASSERT_EQ(automation.size(), 2u);
     EXPECT_EQ(automation[0].index, -1);
     EXPECT_EQ(automation[1].index, 18);
