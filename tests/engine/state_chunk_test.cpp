@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <cmath>
 #include <limits>
+#include <tuple>
 #include <vector>
 
 #include "engine/default_bands.h"
@@ -14,13 +14,6 @@
 #include "tests/engine/test_instance.h"
 
 namespace {
-
-std::vector<unsigned char> writtenChunk(EqInstance* instance) {
-    void* data = nullptr;
-    int32_t size = writeStateChunk(instance, &data);
-    auto* bytes = static_cast<unsigned char*>(data);
-    return std::vector<unsigned char>(bytes, bytes + size);
-}
 
 void readChunk(EqInstance* instance, const ChunkBytes& chunk) {
     EXPECT_EQ(readStateChunk(instance, chunk.bytes.data(), chunk.size()), 0);
@@ -36,6 +29,7 @@ void setMarkers(EqInstance* instance) {
     instance->editorHeight = 74;
 }
 
+// Two bands in records of `recordSize` bytes and a complete trailer.
 ChunkBytes twoBands(int32_t recordSize) {
     ChunkBytes chunk;
     chunk.put<int32_t>(recordSize).put<int32_t>(2);
@@ -43,195 +37,112 @@ ChunkBytes twoBands(int32_t recordSize) {
     if (recordSize > 32) chunk.put<uint8_t>(0).padding(recordSize - 33);
     chunk.band(Notch, 0, 250.0, 1.0, 0.5);
     if (recordSize > 32) chunk.put<uint8_t>(0xFF).padding(recordSize - 33);
-    return chunk;
-}
-
-ChunkBytes fullTrailer(ChunkBytes chunk) {
     return chunk.put<int32_t>(0).put<int32_t>(1).put<double>(0.25).put<int32_t>(1)
         .put<int32_t>(800).put<int32_t>(600);
 }
 
-uint64_t bits(double value) { return std::bit_cast<uint64_t>(value); }
-
 }  // namespace
 
-TEST(StateChunk, DefaultStateIs168BytesInTheDocumentedLayout) {
+// Records of 33 packed bytes (type, enabled, frequency, gain, bandwidth, log
+// flag), then grid, tabs, output gain, view flags, editor width and height.
+TEST(StateChunkFormat, DefaultStateIsWrittenInThe168ByteLayout) {
     auto instance = makeTestInstance();
     ASSERT_TRUE(loadDefaultBands(instance.get()));
+    ChunkBytes expected;
+    expected.put<int32_t>(33).put<int32_t>(4);
+    for (auto [type, frequency] : {std::pair{LowShelf, 100.0}, {Band, 300.0}, {Band, 1000.0},
+                                   {HighShelf, 5000.0}})
+        expected.band(type, 1, frequency, 1.0, 2.0).put<uint8_t>(1);
+    expected.put<int32_t>(1).put<int32_t>(1).put<double>(1.0).put<int32_t>(0).put<int32_t>(0)
+        .put<int32_t>(0);
+    EXPECT_EQ(writtenChunk(instance.get()), expected.bytes);
+
+    designBand(instance->band(0), LowShelf, false, 150.0, 1.0, 2.0);  // gliding from 100 Hz
+    instance->outputGain = 0.75;  // the target, not the gain the ramp reached
     ChunkBytes chunk{writtenChunk(instance.get())};
-    ASSERT_EQ(chunk.size(), 168);
-    EXPECT_EQ(chunk.at<int32_t>(0), 33);
-    EXPECT_EQ(chunk.at<int32_t>(4), 4);
-    EXPECT_EQ(chunk.at<int32_t>(8), LowShelf);
-    EXPECT_EQ(chunk.at<int32_t>(12), 1);
-    EXPECT_EQ(chunk.at<double>(16), 100.0);
-    EXPECT_EQ(chunk.at<double>(24), 1.0);
-    EXPECT_EQ(chunk.at<double>(32), 2.0);
-    EXPECT_EQ(chunk.at<uint8_t>(40), 1);
-    EXPECT_EQ(chunk.at<int32_t>(41), Band);  // records are packed at odd offsets
-    EXPECT_EQ(chunk.at<double>(49), 300.0);
-    EXPECT_EQ(chunk.at<int32_t>(140), 1);  // showGrid
-    EXPECT_EQ(chunk.at<int32_t>(144), 1);  // showTabs
-    EXPECT_EQ(chunk.at<double>(148), 1.0);
-    EXPECT_EQ(chunk.at<int32_t>(156), 0);
-    EXPECT_EQ(chunk.at<int32_t>(160), 0);
-    EXPECT_EQ(chunk.at<int32_t>(164), 0);
+    EXPECT_EQ(chunk.at<double>(16), 150.0);
+    EXPECT_EQ(chunk.at<double>(148), 0.75);
 }
 
-TEST(StateChunk, WriterStoresTheDesignAndTheTargetGain) {
-    auto instance = makeTestInstance();
-    EqBand* band = addTestBand(instance.get(), Band, 1000.0, 2.0, 1.0);
-    designBand(band, Band, false, 1500.0, 2.0, 1.0);  // glide still at 1000
-    instance->outputGain = 0.75;
-    instance->currentOutputGain = 0.1;
-    ChunkBytes chunk{writtenChunk(instance.get())};
-    EXPECT_EQ(chunk.at<double>(16), 1500.0);
-    EXPECT_EQ(chunk.at<double>(8 + 33 + 8), 0.75);
-}
-
-TEST(StateChunk, RoundTripReproducesEveryValueBitForBit) {
+TEST(StateChunkFormat, RoundTripReproducesEveryValueBitForBit) {
     auto source = makeTestInstance();
     addTestBand(source.get(), LowShelf, 5.0, 0.005, 0.0);
     addTestBand(source.get(), 12, 30000.0, 70.0, 20.0)->enabled = 0;
     addTestBand(source.get(), BandAlt2, 1234.5678, 0.1 + 0.2, 1.0 / 3)->logScaleAutomation = 0;
-    source->showGrid = 0;
-    source->showTabs = 0;
     source->outputGain = 0.3;
-    source->viewFlags = 1;
     source->editorWidth = 1024;
     source->editorHeight = 512;
     std::vector<unsigned char> first = writtenChunk(source.get());
 
     auto copy = makeTestInstance();
-    ASSERT_EQ(readStateChunk(copy.get(), first.data(), static_cast<intptr_t>(first.size())), 0);
+    readChunk(copy.get(), ChunkBytes{first});
     ASSERT_EQ(copy->bandCount(), 3);
     for (int32_t i = 0; i < 3; ++i) {
-        const EqBand& a = *source->band(i);
-        const EqBand& b = *copy->band(i);
-        EXPECT_EQ(a.type, b.type);
-        EXPECT_EQ(a.enabled, b.enabled);
-        EXPECT_EQ(bits(a.frequency), bits(b.frequency));
-        EXPECT_EQ(bits(a.gain), bits(b.gain));
-        EXPECT_EQ(bits(a.bandwidth), bits(b.bandwidth));
-        EXPECT_EQ(a.logScaleAutomation, b.logScaleAutomation);
+        const EqBand &a = *source->band(i), &b = *copy->band(i);
+        EXPECT_EQ(std::tie(a.type, a.enabled, a.logScaleAutomation),
+                  std::tie(b.type, b.enabled, b.logScaleAutomation));
+        for (double EqBand::*value : {&EqBand::frequency, &EqBand::gain, &EqBand::bandwidth})
+            EXPECT_EQ(std::bit_cast<uint64_t>(a.*value), std::bit_cast<uint64_t>(b.*value));
     }
-    EXPECT_EQ(copy->outputGain, 0.3);
     EXPECT_EQ(copy->currentOutputGain, 0.3);
     EXPECT_EQ(copy->editorHeight, 512);
     EXPECT_EQ(writtenChunk(copy.get()), first);
 }
 
-TEST(StateChunk, LoadedBandsAreDesignedForTheInstanceRateWithoutGlide) {
-    auto instance = makeTestInstance();
-    instance->sampleRate = 48000.0;
-    readChunk(instance.get(), fullTrailer(twoBands(33)));
-    ASSERT_EQ(instance->bandCount(), 2);
-    const EqBand& shelf = *instance->band(0);
-    EXPECT_EQ(shelf.sampleRate, 48000.0);
-    expectCoefficients(shelf, referenceHighShelf(48000.0, 6000.0, 2.0, 1.0));
-    EXPECT_EQ(shelf.glideFrequency, 6000.0);
-    EXPECT_EQ(shelf.glideGain, 2.0);
-    EXPECT_EQ(instance->band(1)->enabled, 0);
-    EXPECT_EQ(instance->effect.numParams, 6);
-    EXPECT_EQ(instance->refreshRequested, 1);
-    EXPECT_EQ(instance->outputGain, 0.25);
-}
-
-// Old 32-byte records have no flag; longer ones skip their extra bytes.
-TEST(StateChunk, EveryRecordSizeFromThirtyTwoLoads) {
+// Records of 32 bytes (older, without the flag) and more (extra bytes skipped)
+// load designed for the instance's rate; a trailer cut at any length sets
+// what is there and leaves the rest.
+TEST(StateChunkFormat, EveryRecordSizeAndTrailerLengthReadsOnlyWhatIsThere) {
     for (int32_t recordSize : {32, 33, 45}) {
-        SCOPED_TRACE(recordSize);
-        auto instance = makeTestInstance();
-        readChunk(instance.get(), fullTrailer(twoBands(recordSize)));
-        ASSERT_EQ(instance->bandCount(), 2);
-        EXPECT_EQ(instance->band(0)->logScaleAutomation, 0);
-        // bit 0 of 0xFF when the record has the flag
-        EXPECT_EQ(instance->band(1)->logScaleAutomation, recordSize > 32 ? 1 : 0);
-        EXPECT_EQ(instance->band(1)->type, Notch);
-        EXPECT_EQ(instance->band(1)->frequency, 250.0);
-        EXPECT_EQ(instance->band(1)->bandwidth, 0.5);
-        EXPECT_EQ(instance->viewFlags, 1);
-        EXPECT_EQ(instance->editorWidth, 800);
-        EXPECT_EQ(instance->editorHeight, 600);
+        ChunkBytes complete = twoBands(recordSize);
+        const size_t trailerAt = 8 + 2 * recordSize;
+        for (int length = 0; length <= 28; ++length) {
+            SCOPED_TRACE(testing::Message() << recordSize << "-byte records, trailer " << length);
+            const bool gain = length >= 16, size = length >= 28;
+            // 12 to 15 bytes are an older trailer without the gain: view flags follow the tabs
+            const int flagsAt = length >= 20 ? 16 : (length >= 12 && length < 16 ? 8 : -1);
+            ChunkBytes chunk;
+            chunk.bytes.assign(complete.bytes.begin(), complete.bytes.begin() + trailerAt + length);
+            auto instance = makeTestInstance();
+            setMarkers(instance.get());
+            instance->sampleRate = 48000.0;
+            readChunk(instance.get(), chunk);
+            ASSERT_EQ(instance->bandCount(), 2);
+            const EqBand &shelf = *instance->band(0), &notch = *instance->band(1);
+            expectCoefficients(shelf, referenceHighShelf(48000.0, 6000.0, 2.0, 1.0));
+            EXPECT_EQ(shelf.glideGain, 2.0);
+            EXPECT_EQ(shelf.logScaleAutomation, 0);
+            EXPECT_EQ(notch.logScaleAutomation, recordSize > 32 ? 1 : 0);  // bit 0 of 0xFF
+            EXPECT_EQ(std::tie(notch.type, notch.enabled, notch.bandwidth), std::tuple(Notch, 0, 0.5));
+            EXPECT_EQ(instance->effect.numParams, 6);
+            EXPECT_EQ(instance->refreshRequested, 1);
+            EXPECT_EQ(instance->showGrid, length >= 4 ? 0 : 70);
+            EXPECT_EQ(instance->showTabs, length >= 8 ? 1 : 71);
+            EXPECT_EQ(instance->outputGain, gain ? 0.25 : 1.0);
+            EXPECT_EQ(instance->currentOutputGain, gain ? 0.25 : 1.0);
+            EXPECT_EQ(instance->viewFlags,
+                      flagsAt < 0 ? 72 : complete.at<int32_t>(trailerAt + flagsAt));
+            EXPECT_EQ(instance->editorWidth, size ? 800 : 73);
+            EXPECT_EQ(instance->editorHeight, size ? 600 : 74);
+        }
     }
 }
 
-TEST(StateChunk, AnEmptyBandListLoadsAsPassThrough) {
-    auto instance = makeTestInstance();
-    ASSERT_TRUE(loadDefaultBands(instance.get()));
-    ChunkBytes chunk;
-    chunk.put<int32_t>(33).put<int32_t>(0);
-    readChunk(instance.get(), fullTrailer(chunk));
-    EXPECT_EQ(instance->bandCount(), 0);
-    EXPECT_EQ(instance->effect.numParams, 0);
-    EXPECT_EQ(instance->showTabs, 1);
-}
-
-// What a trailer of `length` bytes sets; the rest keeps its marker value.
-struct TrailerExpectation {
-    int length;
-    bool grid, tabs, gain;
-    int viewFlagsAt;  // offset from the trailer start, -1 when not read
-    bool size;
-};
-
-TEST(StateChunk, EveryTrailerLengthReadsOnlyWhatIsThere) {
-    ChunkBytes complete = fullTrailer(twoBands(33));
-    const size_t trailerAt = 8 + 2 * 33;
-    for (int length = 0; length <= 28; ++length) {
-        SCOPED_TRACE(length);
-        TrailerExpectation e{length,       length >= 4,
-                             length >= 8,  length >= 16,
-                             length >= 20 ? 16 : (length >= 12 && length < 16 ? 8 : -1),
-                             length >= 28};
-        ChunkBytes chunk;
-        chunk.bytes.assign(complete.bytes.begin(), complete.bytes.begin() + trailerAt + length);
-        auto instance = makeTestInstance();
-        setMarkers(instance.get());
-        readChunk(instance.get(), chunk);
-        ASSERT_EQ(instance->bandCount(), 2);
-        EXPECT_EQ(instance->showGrid, e.grid ? 0 : 70);
-        EXPECT_EQ(instance->showTabs, e.tabs ? 1 : 71);
-        EXPECT_EQ(instance->outputGain, e.gain ? 0.25 : 1.0);
-        EXPECT_EQ(instance->currentOutputGain, e.gain ? 0.25 : 1.0);
-        int32_t flags = e.viewFlagsAt < 0 ? 72 : complete.at<int32_t>(trailerAt + e.viewFlagsAt);
-        EXPECT_EQ(instance->viewFlags, flags);
-        EXPECT_EQ(instance->editorWidth, e.size ? 800 : 73);
-        EXPECT_EQ(instance->editorHeight, e.size ? 600 : 74);
-    }
-}
-
-TEST(StateChunk, ChunksOfTwelveBytesOrLessChangeNothingButBareRecordsLoad) {
-    auto instance = makeTestInstance();
-    ASSERT_TRUE(loadDefaultBands(instance.get()));
-    setMarkers(instance.get());
-    ChunkBytes chunk;
-    chunk.put<int32_t>(33).put<int32_t>(0).put<int32_t>(1);
-    readChunk(instance.get(), chunk);
-    EXPECT_EQ(instance->bandCount(), 4);
-    EXPECT_EQ(instance->outputGain, 0.5);
-    EXPECT_EQ(instance->showGrid, 70);
-    EXPECT_EQ(readStateChunk(instance.get(), nullptr, 100), 0);
-
-    auto exact = makeTestInstance();  // records filling the chunk exactly: accepted
-    setMarkers(exact.get());
-    readChunk(exact.get(), twoBands(33));
-    EXPECT_EQ(exact->bandCount(), 2);
-    EXPECT_EQ(exact->showGrid, 70);
-    EXPECT_EQ(exact->outputGain, 1.0);
-}
-
-TEST(StateChunk, RejectedChunksKeepTheBandsButResetTheGain) {
+// Bad chunks keep the bands; all but the shortest reset the output gain.
+TEST(StateChunkFormat, RejectedChunksKeepTheBands) {
+    constexpr int32_t kMax = std::numeric_limits<int32_t>::max();
     struct Case {
         const char* why;
         int32_t recordSize, count;
         int payload;
+        double gainAfter;
     } cases[] = {
-        {"record size below 32", 31, 0, 5},  // 13 bytes
-        {"negative band count", 33, -1, 40},
-        {"band count overflowing 32 bits", 33, std::numeric_limits<int32_t>::max(), 60},
-        {"record size overflowing 32 bits", std::numeric_limits<int32_t>::max(), 3, 60},
-        {"records one byte longer than the chunk", 33, 2, 65},
+        {"twelve bytes change nothing", 33, 0, 4, 0.5},
+        {"record size below 32", 31, 0, 5, 1.0},
+        {"negative band count", 33, -1, 40, 1.0},
+        {"band count overflowing 32 bits", 33, kMax, 60, 1.0},
+        {"record size overflowing 32 bits", kMax, 3, 60, 1.0},
+        {"records one byte longer than the chunk", 33, 2, 65, 1.0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.why);
@@ -243,9 +154,10 @@ TEST(StateChunk, RejectedChunksKeepTheBandsButResetTheGain) {
         readChunk(instance.get(), chunk);
         EXPECT_EQ(instance->bandCount(), 4);
         EXPECT_EQ(instance->band(0)->frequency, 100.0);
-        EXPECT_EQ(instance->outputGain, 1.0);
-        EXPECT_EQ(instance->currentOutputGain, 1.0);
+        EXPECT_EQ(instance->outputGain, c.gainAfter);
+        EXPECT_EQ(instance->currentOutputGain, c.gainAfter);
         EXPECT_EQ(instance->showGrid, 70);
         EXPECT_EQ(instance->refreshRequested, 0);
     }
+    EXPECT_EQ(readStateChunk(makeTestInstance().get(), nullptr, 100), 0);
 }

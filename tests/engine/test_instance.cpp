@@ -1,6 +1,7 @@
 #include "tests/engine/test_instance.h"
 
 #include "engine/band_list.h"
+#include "engine/state_chunk.h"
 #include "plugin/instance.h"
 #include "plugin/ui_layer.h"
 
@@ -21,4 +22,10 @@ EqBand* addTestBand(EqInstance* instance, int32_t type, double frequency, double
                     double bandwidth) {
     EqBand* band = createDesignedBand(type, frequency, gain, bandwidth, instance->sampleRate);
     return band && appendBand(instance, band) ? band : nullptr;
+}
+
+std::vector<unsigned char> writtenChunk(EqInstance* instance) {
+    void* data = nullptr;
+    int32_t size = writeStateChunk(instance, &data);
+    return {static_cast<unsigned char*>(data), static_cast<unsigned char*>(data) + size};
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "plugin/eq_instance.h"
 
@@ -15,6 +16,9 @@ InstancePtr makeTestInstance();
 // Appends a band designed the way every creator designs one.
 EqBand* addTestBand(EqInstance* instance, int32_t type, double frequency, double gain,
                     double bandwidth);
+
+// The state chunk the instance writes.
+std::vector<unsigned char> writtenChunk(EqInstance* instance);
 
 // A stand-in for the host's millisecond clock; tests set `fakeTickNow`.
 extern uint32_t fakeTickNow;

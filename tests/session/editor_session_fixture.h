@@ -16,9 +16,9 @@ protected:
         host = kobal_layer::createHostWindow("session", RECT{20, 20, 1020, 660});
         ASSERT_TRUE(session->openEditor(host));
         kobal_layer::pumpMessages();
-        KobalWindow* frame = kobal_layer::liveWindow(host);
-        ASSERT_EQ(frame->children.size(), 1u);
-        editor = frame->children[0];
+        ASSERT_EQ(kobal_layer::liveWindow(host)->children.size(), 1u);
+        editor = kobal_layer::liveWindow(host)->children[0];
+        session->clearHostCalls();
     }
     void TearDown() override {
         session->closeEditor();
