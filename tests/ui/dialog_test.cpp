@@ -1,19 +1,17 @@
 // Dialogs built from resource lists laid out as the plug-in lays them out.
 #include <cstring>
 
+#include "host/ui/combo_box.h"
 #include "host/ui/custom_controls.h"
 #include "host/ui/dialog_items.h"
 #include "host/ui/dialogs.h"
-#include "host/ui/messages.h"
-#include "host/ui/window_functions.h"
-#include "host/ui/window_tree.h"
 #include "tests/ui/ui_test_support.h"
 
 using namespace kobal_layer;
 
 namespace {
 
-constexpr int kCustomId = 30;
+constexpr int kGraphId = 30;
 
 const ControlRecord kTestControls[] = {
     {"Apply", 10, 0, "Button", 0x10000, 10, 20, 40, 14, 0},
@@ -23,21 +21,16 @@ const ControlRecord kTestControls[] = {
     {kMarkerCombo, 0, 0, "", 14, 100, 20, 50, 80, 0x210003},
     {kMarkerGroup, 0, 0, "Options", 15, 0, 0, 200, 100, 0},
     {kMarkerButton, 0, 0, "Press", 16, 100, 40, 30, 14, 0},
-    {"", 17, 0, "SysTabControl32", 0x10000, 5, 60, 100, 30, 0},
-    {"", 18, 0, "HARVINhfader", 0x10000, 110, 60, 60, 14, 0},
-    {"", kCustomId, 0, "TestGraph", 0x10000, 4, 2, 20, 10, 0},
+    {"", kGraphId, 0, "TestGraph", 0x10000, 4, 2, 20, 10, 0},
     {"", 19, 0, "NoSuchClass", 0, 150, 2, 10, 10, 0},
 };
-constexpr int kTestControlCount = sizeof(kTestControls) / sizeof(kTestControls[0]);
 
-void createTestDialog(HWND window, int32_t creationState) {
-    KOBAL_MakeSetCurParms(1.7f, 1.7f, 0, 0, window, false, (creationState & 8) == 0);
-    KOBAL_GenerateDialogFromList(kTestControls, kTestControlCount);
+void createTestDialog(HWND window, int32_t) {
+    KOBAL_MakeSetCurParms(1.7f, 1.7f, 0, 0, window, false, true);
+    KOBAL_GenerateDialogFromList(kTestControls, std::size(kTestControls));
 }
 
-const ControlRecord kInnerControls[] = {
-    {kMarkerLabel, 0, 0, "Inner", 40, 0, 0, 20, 8, 0},
-};
+const ControlRecord kInnerControls[] = {{kMarkerLabel, 0, 0, "Inner", 40, 0, 0, 20, 8, 0}};
 
 void createInnerDialog(HWND window, int32_t) {
     KOBAL_MakeSetCurParms(2.0f, 2.0f, 0, 0, window, false, true);
@@ -73,11 +66,12 @@ protected:
         KOBAL_UnregisterCustomControlCreator(declineEverything);
         UiLayerTest::TearDown();
     }
-    HWND testDialog(LPARAM parameter = 0) {
-        return KOBAL_CreateDialog(&testResource, 200, hostWindow(), recordingDialogProcedure,
+    HWND dialog(int id = 200, LPARAM parameter = 0) {
+        return KOBAL_CreateDialog(&testResource, id, hostWindow(), recordingDialogProcedure,
                                   parameter);
     }
-    RECT rectOf(HWND window) {
+    // The window's rectangle in its parent's client coordinates.
+    static RECT placed(HWND window) {
         RECT rect{};
         GetWindowRect(window, &rect);
         POINT origin{rect.left, rect.top};
@@ -89,105 +83,85 @@ protected:
 
 TEST_F(Dialogs, DialogHasItsSizeAndControlsThenInitDialogWithTheCreationParameter) {
     int parameter = 7;
-    HWND dialog = testDialog(reinterpret_cast<LPARAM>(&parameter));
-    ASSERT_NE(dialog, nullptr);
+    HWND made = dialog(200, reinterpret_cast<LPARAM>(&parameter));
     RECT client{};
-    GetClientRect(dialog, &client);
+    GetClientRect(made, &client);
     EXPECT_EQ(client, (RECT{0, 0, 400, 200}));
-    EXPECT_EQ(dialog->children.size(), 11u);
-    for (int id : {10, 11, 12, 13, 14, 15, 16, 17, 18, kCustomId, 19})
-        EXPECT_NE(GetDlgItem(dialog, id), nullptr) << id;
-    EXPECT_EQ(GetDlgItem(dialog, 99), nullptr);
-    EXPECT_FALSE(IsWindowVisible(dialog));  // until the dialog shows itself
+    EXPECT_EQ(made->children.size(), std::size(kTestControls));
+    EXPECT_EQ(GetDlgItem(made, 99), nullptr);
+    EXPECT_FALSE(IsWindowVisible(made));  // until the dialog shows itself
     auto inits = recordedOf(WM_INITDIALOG);
     ASSERT_EQ(inits.size(), 1u);
-    EXPECT_EQ(inits[0].window, dialog);
-    EXPECT_EQ(inits[0].lParam, reinterpret_cast<LPARAM>(&parameter));
-    EXPECT_EQ(GetWindowLong(dialog, GWL_USERDATA), reinterpret_cast<LPARAM>(&parameter));
+    EXPECT_EQ(inits[0].window, made);
+    EXPECT_EQ(GetWindowLong(made, GWL_USERDATA), reinterpret_cast<LPARAM>(&parameter));
+    // Without a resource of its id the window is a plain hidden child.
+    HWND plain = KOBAL_CreateDialog(&testResource, 0, made, recordingWindowProcedure, 5);
+    EXPECT_EQ(GetParent(plain), made);
+    EXPECT_FALSE(IsWindowVisible(plain));
+    EXPECT_TRUE(plain->children.empty());
+    EXPECT_EQ(recordedOf(WM_INITDIALOG).size(), 1u);
 }
 
 TEST_F(Dialogs, ControlsArePlacedInScaledDialogUnitsAsStandardOrCustomControls) {
-    HWND dialog = testDialog();
-    // 10, 20, 40 × 14 units at 1.7: 17, 34, 68 × 23.8 → 24 pixels.
-    EXPECT_EQ(rectOf(GetDlgItem(dialog, 10)), (RECT{17, 34, 17 + 68, 34 + 24}));
-    // The marker records carry their id and rectangle one field further on.
-    RECT edit = rectOf(GetDlgItem(dialog, 12));
-    EXPECT_EQ(edit.left, 102);
-    EXPECT_EQ(edit.right - edit.left, 51);
-    RECT group = rectOf(GetDlgItem(dialog, 15));
-    EXPECT_EQ(group.right, 340);
-    EXPECT_EQ(group.bottom, 170);
-    char text[32];
-    GetDlgItemText(dialog, 12, text, sizeof text);
+    HWND made = dialog();
+    struct Case {
+        int id;
+        RECT rect;  // scaled by 1.7 and rounded
+        const char* className;
+    };
+    for (const Case& c :
+         {Case{10, RECT{17, 34, 85, 58}, "Button"}, Case{12, RECT{102, 34, 153, 58}, "Edit"},
+          Case{13, RECT{102, 68, 153, 82}, "Static"},
+          Case{14, RECT{170, 34, 255, 34 + kComboFieldHeight}, "ComboBox"},
+          Case{15, RECT{0, 0, 340, 170}, "Button"}, Case{kGraphId, RECT{7, 3, 41, 20}, "TestGraph"},
+          Case{19, RECT{255, 3, 272, 20}, "NoSuchClass"}}) {
+        HWND control = GetDlgItem(made, c.id);
+        ASSERT_NE(control, nullptr) << c.id;
+        EXPECT_EQ(placed(control), c.rect) << c.id;
+        if (c.id != kGraphId) {
+            EXPECT_EQ(control->className, c.className) << c.id;
+        }
+    }
+    EXPECT_EQ(GetDlgItem(made, 13)->text, "Level:");
+    EXPECT_EQ(GetDlgItem(made, 15)->style & 0xF, 7u);                    // BS_GROUPBOX
+    EXPECT_EQ(GetWindowLong(GetDlgItem(made, 11), GWL_STYLE) & 0xF, 3);  // BS_AUTOCHECKBOX
+    char text[8];
+    GetDlgItemText(made, 12, text, sizeof text);
     EXPECT_STREQ(text, "12.5");
-    EXPECT_EQ(GetDlgItem(dialog, 12)->className, "Edit");
-    EXPECT_EQ(GetDlgItem(dialog, 13)->className, "Static");
-    EXPECT_EQ(GetDlgItem(dialog, 13)->text, "Level:");
-    EXPECT_EQ(GetDlgItem(dialog, 14)->className, "ComboBox");
-    EXPECT_EQ(GetDlgItem(dialog, 15)->style & 0xF, 7u);  // BS_GROUPBOX
-    EXPECT_EQ(GetDlgItem(dialog, 16)->text, "Press");
-    EXPECT_EQ(GetWindowLong(GetDlgItem(dialog, 11), GWL_STYLE) & 0xF, 3);  // BS_AUTOCHECKBOX
-    HWND graph = GetDlgItem(dialog, kCustomId);
-    ASSERT_NE(graph, nullptr);
+    HWND graph = GetDlgItem(made, kGraphId);
     EXPECT_EQ(GetWindowLong(graph, GWL_WNDPROC),
               reinterpret_cast<LONG_PTR>(recordingWindowProcedure));
     EXPECT_TRUE(graph->visible);  // the creator showed it
-    RECT rect = rectOf(graph);
-    EXPECT_EQ(rect.left, 7);  // 4 × 1.7 = 6.8
-    EXPECT_EQ(rect.right - rect.left, 34);
-    // A class nobody knows still yields a plain window.
-    EXPECT_EQ(GetDlgItem(dialog, 19)->className, "NoSuchClass");
-}
-
-TEST_F(Dialogs, UnregisteredCreatorsAreNoLongerAsked) {
-    KOBAL_UnregisterCustomControlCreator(createGraph);
-    HWND dialog = testDialog();
-    EXPECT_EQ(GetDlgItem(dialog, kCustomId)->className, "TestGraph");
-    EXPECT_EQ(GetDlgItem(dialog, kCustomId)->procedure, nullptr);
-    KOBAL_UnregisterCustomControlCreator(createGraph);  // twice is harmless
-}
-
-TEST_F(Dialogs, WithoutAResourceTheWindowIsAPlainHiddenChild) {
-    HWND host = hostWindow();
-    HWND plain = KOBAL_CreateDialog(&testResource, 0, host, recordingWindowProcedure, 5);
-    ASSERT_NE(plain, nullptr);
-    EXPECT_EQ(GetParent(plain), host);
-    EXPECT_FALSE(IsWindowVisible(plain));
-    EXPECT_TRUE(recordedOf(WM_INITDIALOG).empty());
-    EXPECT_TRUE(plain->children.empty());
-    EXPECT_NE(KOBAL_CreateDialog(nullptr, 200, host, recordingWindowProcedure, 0), nullptr);
-}
-
-TEST_F(Dialogs, LaterResourcesInTheListAreFoundAndScaledTheirOwnWay) {
-    HWND inner = KOBAL_CreateDialog(&testResource, 201, hostWindow(), recordingDialogProcedure, 0);
-    RECT client{};
-    GetClientRect(inner, &client);
-    EXPECT_EQ(client.right, 60);
-    RECT label = rectOf(GetDlgItem(inner, 40));
-    EXPECT_EQ(label.right, 40);
-    EXPECT_EQ(label.bottom, 16);
-}
-
-TEST_F(Dialogs, WithoutDoSizeOnlyPositionsAreScaled) {
+    // A later resource of the list is found and scaled its own way.
+    HWND inner = dialog(201);
+    EXPECT_EQ(placed(GetDlgItem(inner, 40)), (RECT{0, 0, 40, 16}));
+    // Without "do size" only positions are scaled (and offset).
     HWND host = hostWindow();
     KOBAL_MakeSetCurParms(2.0f, 3.0f, 5, 6, host, true, false);
     const ControlRecord label{kMarkerLabel, -1, 0, "x", 50, 10, 10, 20, 8, 0};
     KOBAL_GenerateDialogFromList(&label, 1);
-    // At 10 × 2 + 5, 10 × 3 + 6, and 20 × 8 as given.
-    EXPECT_EQ(rectOf(GetDlgItem(host, 50)), (RECT{25, 36, 25 + 20, 36 + 8}));
+    EXPECT_EQ(placed(GetDlgItem(host, 50)), (RECT{25, 36, 25 + 20, 36 + 8}));
+}
+
+TEST_F(Dialogs, UnregisteredCreatorsAreNoLongerAsked) {
+    KOBAL_UnregisterCustomControlCreator(createGraph);
+    HWND graph = GetDlgItem(dialog(), kGraphId);
+    EXPECT_EQ(graph->className, "TestGraph");
+    EXPECT_EQ(graph->procedure, nullptr);
+    KOBAL_UnregisterCustomControlCreator(createGraph);  // twice is harmless
 }
 
 TEST_F(Dialogs, DestroyingTheDialogDestroysItsControls) {
-    HWND dialog = testDialog();
-    HWND graph = GetDlgItem(dialog, kCustomId);
-    HWND edit = GetDlgItem(dialog, 12);
+    HWND made = dialog();
+    HWND graph = GetDlgItem(made, kGraphId);
+    HWND edit = GetDlgItem(made, 12);
     recordedMessages().clear();
-    DestroyWindow(dialog);
+    DestroyWindow(made);
     EXPECT_FALSE(IsWindow(edit));
     EXPECT_FALSE(IsWindow(graph));
     auto destroys = recordedOf(WM_DESTROY);
     ASSERT_EQ(destroys.size(), 2u);  // the two recording procedures
-    EXPECT_EQ(destroys[0].window, dialog);
+    EXPECT_EQ(destroys[0].window, made);
     EXPECT_EQ(destroys[1].window, graph);
 }
 

@@ -1,8 +1,6 @@
 // Menus from resource lists, their items' states and popup tracking.
 #include "host/ui/menus.h"
 
-#include "host/ui/messages.h"
-#include "host/ui/window_tree.h"
 #include "tests/ui/ui_test_support.h"
 
 using namespace kobal_layer;
@@ -16,59 +14,51 @@ const MenuEntry kEntries[] = {
     {"EN%%%^:", 0, 0, 0},
 };
 
-void createMenu(HMENU menu) { KOBAL_GenerateMenuFromList(menu, kEntries, 10); }
+void createMenu(HMENU menu) { KOBAL_GenerateMenuFromList(menu, kEntries, std::size(kEntries)); }
 
 MenuResource otherMenu{105, nullptr, nullptr};
 MenuResource contextMenu{104, createMenu, &otherMenu};
 
 class Menus : public UiLayerTest {
 protected:
-    HMENU loadContext() { return KOBAL_LoadMenu(&contextMenu, 104); }
+    void SetUp() override {
+        UiLayerTest::SetUp();
+        menu = KOBAL_LoadMenu(&contextMenu, 104);
+        context = GetSubMenu(menu, 0);
+    }
+    int track(UINT flags, HWND owner = nullptr) {
+        return TrackPopupMenu(context, flags, 320, 240, 0, owner, nullptr);
+    }
+    HMENU menu = nullptr;
+    HMENU context = nullptr;
 };
 
-TEST_F(Menus, PopupMarkersBuildNestedPopupsAndSeparators) {
-    HMENU menu = loadContext();
-    ASSERT_NE(menu, nullptr);
+TEST_F(Menus, MarkersBuildNestedPopupsAndSeparatorsFreedWithTheirMenu) {
     MenuView view = describeMenu(menu);
     ASSERT_EQ(view.size(), 1u);
-    EXPECT_TRUE(view[0].isPopup);
     EXPECT_EQ(view[0].text, "Context");
-    const MenuView& context = view[0].popup;
-    ASSERT_EQ(context.size(), 5u);
-    EXPECT_EQ(context[0].text, "Add new band");
-    EXPECT_EQ(context[0].commandId, 40001u);
-    EXPECT_TRUE(context[2].separator);
-    EXPECT_EQ(context[3].text, "Band type");
-    ASSERT_EQ(context[3].popup.size(), 2u);
-    EXPECT_EQ(context[3].popup[1].commandId, 40007u);
-    EXPECT_EQ(context[4].text, "Enable band");
-}
-
-TEST_F(Menus, SubMenusAreFoundByPositionAndFreedWithTheirMenuAndOddResourcesAreHandled) {
-    HMENU menu = loadContext();
-    HMENU context = GetSubMenu(menu, 0);
-    ASSERT_NE(context, nullptr);
+    const MenuView& items = view[0].popup;
+    ASSERT_EQ(items.size(), 5u);
+    EXPECT_EQ(items[0].text, "Add new band");
+    EXPECT_TRUE(items[2].separator);
+    EXPECT_EQ(items[3].text, "Band type");
+    ASSERT_EQ(items[3].popup.size(), 2u);
+    EXPECT_EQ(items[3].popup[1].commandId, 40007u);
+    EXPECT_EQ(items[4].text, "Enable band");
     EXPECT_EQ(GetMenuItemCount(context), 5);
     EXPECT_EQ(GetMenuItemID(context, 1), 40002u);
     EXPECT_EQ(GetMenuItemID(context, 3), kMenuItemNotFound);  // a popup
     EXPECT_EQ(GetSubMenu(menu, 1), nullptr);
-    EXPECT_EQ(GetSubMenu(context, 0), nullptr);
     EXPECT_EQ(liveMenuCount(), 3);
     EXPECT_TRUE(DestroyMenu(menu));
-    EXPECT_FALSE(isLiveMenu(context));
     EXPECT_EQ(liveMenuCount(), 0);
     EXPECT_FALSE(DestroyMenu(menu));
     EXPECT_EQ(KOBAL_LoadMenu(&contextMenu, 999), nullptr);
-    HMENU empty = KOBAL_LoadMenu(&contextMenu, 105);
-    ASSERT_NE(empty, nullptr);
-    EXPECT_EQ(GetMenuItemCount(empty), 0);
+    EXPECT_EQ(GetMenuItemCount(KOBAL_LoadMenu(&contextMenu, 105)), 0);
 }
 
 TEST_F(Menus, EnableAndCheckReturnThePreviousStateAndReachIntoPopups) {
-    HMENU menu = loadContext();
-    HMENU context = GetSubMenu(menu, 0);
-    EXPECT_EQ(EnableMenuItem(context, 40002, MF_BYCOMMAND | MF_GRAYED),
-              static_cast<BOOL>(MF_ENABLED));
+    EXPECT_EQ(EnableMenuItem(context, 40002, MF_GRAYED), static_cast<BOOL>(MF_ENABLED));
     EXPECT_EQ(EnableMenuItem(context, 40002, MF_ENABLED), static_cast<BOOL>(MF_GRAYED));
     EnableMenuItem(context, 40002, MF_GRAYED);
     EXPECT_EQ(CheckMenuItem(context, 40007, MF_CHECKED), MF_UNCHECKED);
@@ -81,48 +71,37 @@ TEST_F(Menus, EnableAndCheckReturnThePreviousStateAndReachIntoPopups) {
     EXPECT_FALSE(view[3].popup[0].checked);
 }
 
-TEST_F(Menus, TrackPopupMenuReturnsTheChosenCommand) {
-    HMENU context = GetSubMenu(loadContext(), 0);
+TEST_F(Menus, TrackPopupMenuReturnsTheChosenCommandQueuedChoicesFirstAndNeverAGrayedOne) {
     HWND owner = hostWindow();
-    POINT chosenAt{};
+    EnableMenuItem(context, 40002, MF_GRAYED);
     setMenuChooser([&](const MenuView& shown, POINT at, HWND shownFor) -> UINT {
-        chosenAt = at;
+        EXPECT_EQ(at.x, 320);
+        EXPECT_EQ(at.y, 240);
         EXPECT_EQ(shownFor, owner);
         return shown[3].popup[0].commandId;
     });
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD | TPM_RIGHTBUTTON, 320, 240, 0, owner, nullptr),
-              40006);
-    EXPECT_EQ(chosenAt.x, 320);
-    EXPECT_EQ(chosenAt.y, 240);
-    ASSERT_TRUE(lastTrackedMenu().has_value());
-    EXPECT_EQ(lastTrackedMenu()->size(), 5u);
-}
-
-TEST_F(Menus, QueuedChoicesComeFirstAndGrayedItemsCannotBeChosen) {
-    HMENU context = GetSubMenu(loadContext(), 0);
-    EnableMenuItem(context, 40002, MF_GRAYED);
-    setMenuChooser([](const MenuView&, POINT, HWND) -> UINT { return 40003; });
     queueMenuChoice(40001);
     queueMenuChoice(40002);
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD, 0, 0, 0, nullptr, nullptr), 40001);
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD, 0, 0, 0, nullptr, nullptr), 0);
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD, 0, 0, 0, nullptr, nullptr), 40003);
+    EXPECT_EQ(track(TPM_RETURNCMD | TPM_RIGHTBUTTON, owner), 40001);
+    EXPECT_EQ(track(TPM_RETURNCMD, owner), 0);
+    EXPECT_EQ(track(TPM_RETURNCMD, owner), 40006);
+    ASSERT_TRUE(lastTrackedMenu().has_value());
+    EXPECT_EQ(lastTrackedMenu()->size(), 5u);
     setMenuChooser(nullptr);
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD, 0, 0, 0, nullptr, nullptr), 0);  // dismissed
+    EXPECT_EQ(track(TPM_RETURNCMD), 0);  // dismissed
     EXPECT_EQ(trackedMenuCount(), 4);
 }
 
 TEST_F(Menus, WithoutReturnCmdTheChoiceIsPostedToTheOwner) {
-    HMENU context = GetSubMenu(loadContext(), 0);
     HWND owner = createRecordingWindow(hostWindow(), RECT{0, 0, 10, 10});
     queueMenuChoice(40003);
-    EXPECT_EQ(TrackPopupMenu(context, 0, 0, 0, 0, owner, nullptr), 1);
+    EXPECT_EQ(track(0, owner), 1);
     EXPECT_TRUE(recordedOf(WM_COMMAND).empty());
     pumpMessages();
     auto commands = recordedOf(WM_COMMAND);
     ASSERT_EQ(commands.size(), 1u);
     EXPECT_EQ(commands[0].wParam, 40003u);
-    EXPECT_EQ(TrackPopupMenu(context, 0, 0, 0, 0, owner, nullptr), 0);  // nothing chosen
+    EXPECT_EQ(track(0, owner), 0);  // nothing chosen
 }
 
 }  // namespace
