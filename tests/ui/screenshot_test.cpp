@@ -1,8 +1,11 @@
 // Pictures of dialogs: standard control faces, self-painted windows, PNG output.
 #include "host/ui/screenshot.h"
 
+#include <cairo.h>
+
 #include <filesystem>
 
+#include "host/raster/canvas.h"
 #include "host/ui/dialog_items.h"
 #include "host/ui/dialogs.h"
 #include "host/ui/fader.h"
@@ -43,6 +46,19 @@ LRESULT paintGreen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     canvasOf(dc)->fillRect(0, 0, paint.rcPaint.right, paint.rcPaint.bottom, kGreen);
     EndPaint(window, &paint);
     return 0;
+}
+
+// A PNG file decoded onto a canvas of its size (0 × 0 when unreadable).
+std::unique_ptr<Canvas> decodePng(const std::string& path) {
+    cairo_surface_t* image = cairo_image_surface_create_from_png(path.c_str());
+    auto canvas = std::make_unique<Canvas>(cairo_image_surface_get_width(image),
+                                           cairo_image_surface_get_height(image));
+    cairo_t* cr = cairo_create(canvas->surface());
+    cairo_set_source_surface(cr, image, 0, 0);
+    cairo_paint(cr);
+    cairo_destroy(cr);
+    cairo_surface_destroy(image);
+    return canvas;
 }
 
 class Screenshots : public UiLayerTest {
@@ -93,10 +109,10 @@ TEST_F(Screenshots, DialogPngShowsItsControlsStatesAndTheShownSelfPaintedWindows
     ASSERT_TRUE(saveScreenshot(dialog, path));
     EXPECT_FALSE(saveScreenshot(nullptr, path));
     auto picture = decodePng(path);
-    EXPECT_EQ(picture->width(), 300);
+    ASSERT_EQ(picture->width(), 300);
     ASSERT_EQ(picture->height(), 180);
     EXPECT_EQ(picture->pixel(295, 5), kFace);
-    EXPECT_EQ(picture->pixel(220, 10), kGreen);
+    EXPECT_EQ(picture->pixel(220, 10), kGreen);  // the self-painted window's corners
     EXPECT_EQ(picture->pixel(279, 49), kGreen);
     EXPECT_EQ(picture->pixel(280, 50), kFace);
     // The check box square sits at the left of the control, vertically centred.
@@ -110,6 +126,7 @@ TEST_F(Screenshots, DialogPngShowsItsControlsStatesAndTheShownSelfPaintedWindows
     EXPECT_EQ(picture->pixel(firstTab, 72), kFace);
     EXPECT_EQ(picture->pixel(secondTab, 72), kWhite);
     const POINT knob = faderPointOfPosition(GetDlgItem(dialog, kFader), 500);
+    EXPECT_EQ(knob.x, 105);                                        // 5 + 500/1000 × 200
     EXPECT_EQ(knob.x, 105);                                        // 5 + 500/1000 × 200
     EXPECT_EQ(picture->pixel(10 + knob.x, 140 + knob.y), kWhite);  // knob face
     EXPECT_NE(picture->pixel(10 + knob.x + 40, 140 + knob.y), kWhite);

@@ -1,18 +1,14 @@
 // Shared pieces of the windowing layer's tests: a fixture that starts every
-// test from a clean layer on the manual clock, window procedures that record
-// the messages they receive, and PNG files read back.
+// test from a clean layer on the manual clock, and window procedures that
+// record the messages they receive.
 #pragma once
 
-#include <cairo.h>
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <ostream>
 #include <string>
 #include <vector>
 
 #include "contracts/kobal.h"
-#include "host/raster/canvas.h"
 #include "host/ui/host_clock.h"
 #include "host/ui/host_windows.h"
 #include "host/ui/messages.h"
@@ -20,12 +16,8 @@
 #include "host/ui/window_functions.h"
 #include "host/ui/window_tree.h"
 
-// Rectangles compare edge by edge and print as {left, top, right, bottom}.
 inline bool operator==(const RECT& a, const RECT& b) {
     return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}
-inline void PrintTo(const RECT& r, std::ostream* out) {
-    *out << "{" << r.left << ", " << r.top << ", " << r.right << ", " << r.bottom << "}";
 }
 
 struct RecordedMessage {
@@ -35,7 +27,6 @@ struct RecordedMessage {
     LPARAM lParam;
 };
 
-// Every message that reached a recording procedure, in order.
 inline std::vector<RecordedMessage>& recordedMessages() {
     static std::vector<RecordedMessage> messages;
     return messages;
@@ -95,16 +86,3 @@ protected:
             "Test host", RECT{kHostLeft, kHostTop, kHostLeft + 400, kHostTop + 300});
     }
 };
-
-// A PNG file decoded onto a canvas of its size (0 × 0 when unreadable).
-inline std::unique_ptr<Canvas> decodePng(const std::string& path) {
-    cairo_surface_t* image = cairo_image_surface_create_from_png(path.c_str());
-    auto canvas = std::make_unique<Canvas>(cairo_image_surface_get_width(image),
-                                           cairo_image_surface_get_height(image));
-    cairo_t* cr = cairo_create(canvas->surface());
-    cairo_set_source_surface(cr, image, 0, 0);
-    cairo_paint(cr);
-    cairo_destroy(cr);
-    cairo_surface_destroy(image);
-    return canvas;
-}
