@@ -3,8 +3,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdint>
-#include <initializer_list>
 #include <memory>
 
 #include "contracts/mura.h"
@@ -20,7 +18,6 @@ constexpr int kBlend = 0;
 constexpr int kReplace = 1;
 constexpr uint32_t kBlack = 0xff000000;
 constexpr uint32_t kRed = 0xffff0000;
-constexpr uint32_t kGreen = 0xff00ff00;
 constexpr uint32_t kBlue = 0xff0000ff;
 constexpr uint32_t kWhite = 0xffffffff;
 
@@ -33,17 +30,6 @@ inline uint32_t pixelAt(MuraBitmap* bitmap, int x, int y) {
 }
 
 inline int channel(uint32_t pixel, int shift) { return (pixel >> shift) & 0xff; }
-
-struct PixelColour {
-    int x;
-    int y;
-    uint32_t colour;
-};
-
-inline void expectPixels(MuraBitmap* bitmap, std::initializer_list<PixelColour> expected) {
-    for (const PixelColour& pixel : expected)
-        EXPECT_EQ(pixelAt(bitmap, pixel.x, pixel.y), pixel.colour) << pixel.x << "," << pixel.y;
-}
 
 // The pixels that differ from `background`: how many, and their inclusive
 // bounds (left > right when there are none).
