@@ -1,5 +1,4 @@
-// Copies between raster bitmaps and the device context a bitmap offers to
-// BitBlt.
+// Copies between raster bitmaps, and translucent pixels read back from a canvas.
 #include <cmath>
 #include <functional>
 #include <vector>
@@ -59,41 +58,21 @@ TEST(MuraBlit, CopiesPlaceScaleTurnAndBlendTheSourcesPixels) {
     }
 }
 
-TEST(MuraBlit, TransparentSourcePixelsLeaveTheTargetWhenBlendingAndReplaceItOtherwise) {
-    BitmapPtr source = makeBitmap(2, 1, kAlphaBitmap);
-    MURA_PutPixel(source.get(), 0, 0, kRed, 1.0, kBlend);  // pixel 1 stays transparent
-    struct Case {
-        int kind;
-        int mode;
-        uint32_t under;
-        uint32_t second;  // what the transparent source pixel leaves
+// Cairo stores premultiplied pixels; reading rounds back to the nearest value.
+TEST(CanvasPixels, TranslucentPixelsReadUnpremultipliedAndRounded) {
+    const std::pair<uint32_t, uint32_t> storedAndRead[] = {
+        {0x80000001, 0x80000002},  // 1 × 255 / 128 = 1.99
+        {0x80404040, 0x80808080},  // 64 × 255 / 128 = 127.5
+        {0x0301027f, 0x0355aaff},  // 85, 170, then clamped at 255
+        {0x00000000, 0x00000000},
     };
-    for (const Case& c :
-         {Case{kOpaqueBitmap, kBlend, kBlue, kBlue}, Case{kOpaqueBitmap, kReplace, kWhite, kBlack},
-          Case{kAlphaBitmap, kReplace, kWhite, 0x00000000u}}) {
-        BitmapPtr target = makeBitmap(3, 1, c.kind);
-        MURA_Clear(target.get(), c.under);
-        MURA_Blit(target.get(), source.get(), 0, 0, 1.0, c.mode);
-        EXPECT_EQ(pixelAt(target.get(), 0, 0), kRed);
-        EXPECT_EQ(pixelAt(target.get(), 1, 0), c.second);
-        EXPECT_EQ(pixelAt(target.get(), 2, 0), c.under);
+    Canvas canvas(1, 1);
+    for (auto [stored, read] : storedAndRead) {
+        cairo_surface_flush(canvas.surface());
+        *reinterpret_cast<uint32_t*>(cairo_image_surface_get_data(canvas.surface())) = stored;
+        cairo_surface_mark_dirty(canvas.surface());
+        EXPECT_EQ(canvas.pixel(0, 0), read) << std::hex << stored;
     }
-}
-
-TEST(MuraBitmapDeviceContext, IsACanvasThatBitBltCanCopyFromUntilItsBitmapGoes) {
-    BitmapPtr bitmap = fourColours();
-    HDC dc = bitmap->deviceContext();
-    bitmap->resize(50, 30);  // the graph resizes its bitmap on every paint
-    EXPECT_EQ(bitmap->deviceContext(), dc);
-    ASSERT_NE(canvasOf(dc), nullptr);
-    EXPECT_EQ(canvasOf(dc)->width(), 50);
-    Canvas window(4, 4);
-    window.copyFrom(*canvasOf(dc), 0, 0, 2, 2, 1, 1);
-    EXPECT_EQ(window.pixel(1, 1), kRed);
-    EXPECT_EQ(window.pixel(2, 2), kWhite);
-    EXPECT_EQ(window.pixel(3, 3), 0u);  // resizing blackened new pixels: outside the copy
-    bitmap.reset();
-    EXPECT_EQ(canvasOf(dc), nullptr);
 }
 
 }  // namespace

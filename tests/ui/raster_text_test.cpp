@@ -1,12 +1,7 @@
-// Text through raster fonts: placement by DT_ flags, clipping and measuring.
-#include <cstring>
-
-#include "host/ui/ui_font.h"
+// Text through raster fonts: placement by DT_ flags and clipping.
 #include "tests/ui/raster_test_support.h"
 
 namespace {
-
-constexpr UINT kNoPrefix = 0x800;
 
 TEST(MuraFontPlacement, TextSitsAgainstTheEdgesItsFlagsNameAndIsClippedUnlessNoClip) {
     const RECT box{40, 20, 160, 60};
@@ -39,52 +34,6 @@ TEST(MuraFontPlacement, TextSitsAgainstTheEdgesItsFlagsNameAndIsClippedUnlessNoC
             EXPECT_LE(ink.*edge, c.high.*edge) << c.text << " " << c.flags;
         }
     }
-}
-
-HFONT uiFont(int height) {
-    LOGFONT description{};
-    description.lfHeight = height;
-    std::strcpy(description.lfFaceName, "Arial");
-    return kobal_layer::CreateFontIndirect(&description);
-}
-
-TEST(MuraFontMeasuring, CalcRectSizesLineByLineWithoutDrawingInTheUiFontsHeight) {
-    FontPtr font(MURA_CreateFont());
-    BitmapPtr bitmap = makeBitmap(100, 40);
-    RECT twoLines{5, 5, 5, 5};
-    EXPECT_EQ(font->drawText(bitmap.get(), "Band 3\nlonger", -1, &twoLines, DT_CALCRECT), 24);
-    EXPECT_EQ(inkOf(bitmap.get()).count, 0);
-    EXPECT_EQ(twoLines.bottom, 5 + 24);  // two lines of the default 12-pixel Arial
-    EXPECT_GT(twoLines.right, 5 + 20);
-    const auto width = [&](const char* text, int length, UINT flags) {
-        RECT measured{0, 0, 0, 0};
-        font->drawText(nullptr, text, length, &measured, DT_CALCRECT | flags);
-        return measured.right;
-    };
-    EXPECT_NEAR(width("WWWW", 2, 0) * 2, width("WWWW", -1, 0), 2);
-    EXPECT_EQ(width("&Add", -1, 0), width("Add", -1, 0));  // the ampersand marks a mnemonic
-    EXPECT_GT(width("&Add", -1, kNoPrefix), width("Add", -1, 0));
-    font->takeUiFont(uiFont(10), 0x200);  // the graph's label font
-    EXPECT_EQ(font->lineHeight(), 10);
-    font->takeUiFont(uiFont(-20), 0x200);  // the character height: the cell is taller
-    EXPECT_GT(font->lineHeight(), 20);
-    EXPECT_LE(font->lineHeight(), 24);
-}
-
-TEST(MuraTextFunctions, DrawTextInksWithinWhatMeasureTextMeasuredLatin1Included) {
-    FontPtr font(MURA_CreateFont());
-    int width = 0;
-    int height = 0;
-    MURA_MeasureText(font.get(), "20.0k\xb0", &width, &height);  // with a degree sign
-    EXPECT_EQ(height, 12);
-    BitmapPtr bitmap = makeBitmap(80, 30);
-    MURA_DrawText(bitmap.get(), font.get(), "20.0k\xb0", 10, 5, 0xffffff);
-    const RECT ink = inkOf(bitmap.get()).bounds;
-    EXPECT_GE(ink.left, 10);
-    EXPECT_GE(ink.top, 5);
-    EXPECT_LE(ink.bottom, 5 + height);
-    EXPECT_GT(ink.right, 10 + width - 6);  // the degree sign is drawn
-    EXPECT_LE(ink.right, 10 + width);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
-// Shared pieces of the windowing layer's tests: a fixture that starts every
-// test from a clean layer on the manual clock, and window procedures that
-// record the messages they receive.
+// The windowing layer's tests start from a clean layer on the manual clock
+// and record the messages their window procedures receive.
 #pragma once
 
 #include <gtest/gtest.h>
