@@ -1,8 +1,5 @@
 // Dialogs built from resource lists laid out as the plug-in lays them out.
-#include <cstring>
-
 #include "host/ui/combo_box.h"
-#include "host/ui/custom_controls.h"
 #include "host/ui/dialog_items.h"
 #include "host/ui/dialogs.h"
 #include "tests/ui/ui_test_support.h"
@@ -11,15 +8,12 @@ using namespace kobal_layer;
 
 namespace {
 
-constexpr int kGraphId = 30;
-
 const ControlRecord kTestControls[] = {
     {"Apply", 10, 0, "Button", 0x10000, 10, 20, 40, 14, 0},
     {kMarkerEdit, 0, 0, "12.5", 12, 60, 20, 30, 14, 0x1},
     {kMarkerLabel, -1, 0, "Level:", 13, 60, 40, 30, 8, 0},
     {kMarkerCombo, 0, 0, "", 14, 100, 20, 50, 80, 0x210003},
     {kMarkerGroup, 0, 0, "Options", 15, 0, 0, 200, 100, 0},
-    {"", kGraphId, 0, "TestGraph", 0x10000, 4, 2, 20, 10, 0},
     {"", 19, 0, "NoSuchClass", 0, 150, 2, 10, 10, 0},
 };
 
@@ -30,26 +24,7 @@ void createTestDialog(HWND window, int32_t) {
 
 DialogResource testResource{200, "Test dialog", 13, 0, createTestDialog, 400, 200, nullptr};
 
-// Makes the "TestGraph" controls, as the plug-in makes its graph.
-HWND createGraph(HWND parent, const char*, int id, const char* className, int, int x, int y,
-                 int width, int height) {
-    if (std::strcmp(className, "TestGraph") != 0) return nullptr;
-    HWND graph = createRecordingWindow(parent, RECT{x, y, x + width, y + height});
-    SetWindowLong(graph, GWL_ID, id);
-    return graph;
-}
-
-class Dialogs : public UiLayerTest {
-protected:
-    void SetUp() override {
-        UiLayerTest::SetUp();
-        KOBAL_RegisterCustomControlCreator(createGraph);
-    }
-    void TearDown() override {
-        KOBAL_UnregisterCustomControlCreator(createGraph);
-        UiLayerTest::TearDown();
-    }
-};
+class Dialogs : public UiLayerTest {};
 
 TEST_F(Dialogs, ControlsArePlacedInScaledDialogUnitsBeforeInitDialogGetsTheParameter) {
     int parameter = 7;
@@ -68,7 +43,7 @@ TEST_F(Dialogs, ControlsArePlacedInScaledDialogUnitsBeforeInitDialogGetsTheParam
          {Case{10, RECT{17, 34, 85, 58}, "Button"}, Case{12, RECT{102, 34, 153, 58}, "Edit"},
           Case{13, RECT{102, 68, 153, 82}, "Static"},
           Case{14, RECT{170, 34, 255, 34 + kComboFieldHeight}, "ComboBox"},
-          Case{15, RECT{0, 0, 340, 170}, "Button"}, Case{kGraphId, RECT{7, 3, 41, 20}, ""},
+          Case{15, RECT{0, 0, 340, 170}, "Button"},
           Case{19, RECT{255, 3, 272, 20}, "NoSuchClass"}}) {
         HWND control = GetDlgItem(dialog, c.id);
         ASSERT_NE(control, nullptr) << c.id;
@@ -81,8 +56,6 @@ TEST_F(Dialogs, ControlsArePlacedInScaledDialogUnitsBeforeInitDialogGetsTheParam
     }
     EXPECT_EQ(GetDlgItem(dialog, 15)->style & 0xF, 7u);  // BS_GROUPBOX
     EXPECT_EQ(GetDlgItem(dialog, 12)->text, "12.5");
-    EXPECT_EQ(GetWindowLong(GetDlgItem(dialog, kGraphId), GWL_WNDPROC),
-              reinterpret_cast<LONG_PTR>(recordingWindowProcedure));
     // Without a resource of its id the window is a plain hidden child.
     HWND plain = KOBAL_CreateDialog(&testResource, 0, dialog, recordingWindowProcedure, 5);
     EXPECT_FALSE(IsWindowVisible(plain));

@@ -13,10 +13,8 @@ constexpr uint32_t kGreen = 0xff00ff00;
 // A 2 x 2 bitmap: red, green on top; blue, white below.
 BitmapPtr fourColours() {
     BitmapPtr bitmap = makeBitmap(2, 2);
-    MURA_FillRect(bitmap.get(), 0, 0, 1, 1, kRed, 1.0, kReplace);
-    MURA_FillRect(bitmap.get(), 1, 0, 1, 1, kGreen, 1.0, kReplace);
-    MURA_FillRect(bitmap.get(), 0, 1, 1, 1, kBlue, 1.0, kReplace);
-    MURA_FillRect(bitmap.get(), 1, 1, 1, 1, kWhite, 1.0, kReplace);
+    const uint32_t colours[] = {kRed, kGreen, kBlue, kWhite};
+    for (int i = 0; i < 4; ++i) MURA_PutPixel(bitmap.get(), i % 2, i / 2, colours[i], 1, kReplace);
     return bitmap;
 }
 

@@ -1,5 +1,4 @@
-// The raster library's shapes: exact pixels for integer shapes, opacity and
-// modes.
+// The raster library's shapes: exact pixels, opacity and modes.
 #include <cmath>
 #include <functional>
 
@@ -55,9 +54,8 @@ TEST(MuraShapes, IntegerShapesCoverExactlyTheirPixelsAndClipAtTheEdges) {
         EXPECT_EQ(pixelAt(diagonal.get(), x, std::lround(2 + (x - 1) / 3.0)), kWhite) << x;
 }
 
-// Opaque bitmaps ignore the colour's alpha byte (the graph clears itself with
-// 0x00000000) and clamp the call's alpha; bitmaps with alpha multiply both and
-// store premultiplied pixels; replace mode ignores what was there.
+// Opaque bitmaps ignore the colour's alpha byte (the graph clears with 0) and
+// clamp the call's; others multiply both, premultiplied; replace ignores what was there.
 TEST(MuraOpacity, ColourAndCallAlphaMixByBitmapKindAndMode) {
     struct Case {
         int kind;

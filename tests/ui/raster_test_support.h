@@ -1,5 +1,4 @@
-// Helpers shared by the raster library's tests: making bitmaps, reading their
-// pixels and finding what was drawn.
+// Helpers of the raster library's tests: bitmaps, their pixels, what was drawn.
 #pragma once
 
 #include <algorithm>
@@ -10,7 +9,6 @@
 #include "tests/ui/ui_test_support.h"
 
 using BitmapPtr = std::unique_ptr<MuraBitmap>;
-using FontPtr = std::unique_ptr<MuraFont>;
 
 constexpr int kOpaqueBitmap = 1;
 constexpr int kAlphaBitmap = 0;
@@ -31,8 +29,7 @@ inline uint32_t pixelAt(MuraBitmap* bitmap, int x, int y) {
 
 inline int channel(uint32_t pixel, int shift) { return (pixel >> shift) & 0xff; }
 
-// The pixels that differ from `background`: how many, and their inclusive
-// bounds (left > right when there are none).
+// The pixels other than `background`: how many, and their inclusive bounds.
 struct Ink {
     int count = 0;
     RECT bounds{1 << 20, 1 << 20, -1, -1};

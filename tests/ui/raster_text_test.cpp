@@ -24,7 +24,7 @@ TEST(MuraFontPlacement, TextSitsAgainstTheEdgesItsFlagsNameAndIsClippedUnlessNoC
     };
     for (const Case& c : cases) {
         BitmapPtr bitmap = makeBitmap(200, 80);
-        FontPtr font(MURA_CreateFont());
+        std::unique_ptr<MuraFont> font(MURA_CreateFont());
         font->setTextColor(0xffffff);
         RECT rect = c.rect;
         EXPECT_EQ(font->drawText(bitmap.get(), c.text, -1, &rect, c.flags | DT_SINGLELINE), 12);

@@ -43,8 +43,7 @@ inline LRESULT recordingWindowProcedure(HWND window, UINT message, WPARAM wParam
     return kobal_layer::DefWindowProc(window, message, wParam, lParam);
 }
 
-// Answers 0 (default handling) and keeps WM_INITDIALOG's lParam in
-// GWL_USERDATA as the plug-in's dialogs do.
+// Keeps WM_INITDIALOG's lParam in GWL_USERDATA as the plug-in's dialogs do.
 inline LRESULT recordingDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     recordedMessages().push_back(RecordedMessage{window, message, wParam, lParam});
     if (message == WM_INITDIALOG) kobal_layer::SetWindowLong(window, GWL_USERDATA, lParam);
@@ -56,12 +55,11 @@ inline int insertTab(HWND tabs, int index, std::string text) {
     return kobal_layer::TabCtrl_InsertItem(tabs, index, &tab);
 }
 
-inline HWND createRecordingWindow(HWND parent, RECT rect, bool visible = true) {
+inline HWND createRecordingWindow(HWND parent, RECT rect) {
     kobal_layer::WindowCreation creation;
     creation.parent = parent;
     creation.rect = rect;
     creation.procedure = recordingWindowProcedure;
-    creation.visible = visible;
     return kobal_layer::createWindow(creation);
 }
 
