@@ -1,8 +1,6 @@
 // Menus from resource lists, their items' states and popup tracking.
 #include "host/ui/menus.h"
 
-#include "host/ui/messages.h"
-#include "host/ui/window_tree.h"
 #include "tests/ui/ui_test_support.h"
 
 using namespace kobal_layer;
@@ -16,113 +14,48 @@ const MenuEntry kEntries[] = {
     {"EN%%%^:", 0, 0, 0},
 };
 
-void createMenu(HMENU menu) { KOBAL_GenerateMenuFromList(menu, kEntries, 10); }
+void createMenu(HMENU menu) { KOBAL_GenerateMenuFromList(menu, kEntries, std::size(kEntries)); }
 
-MenuResource otherMenu{105, nullptr, nullptr};
-MenuResource contextMenu{104, createMenu, &otherMenu};
+MenuResource contextMenu{104, createMenu, nullptr};
 
-class Menus : public UiLayerTest {
-protected:
-    HMENU loadContext() { return KOBAL_LoadMenu(&contextMenu, 104); }
-};
+class Menus : public UiLayerTest {};
 
-TEST_F(Menus, PopupMarkersBuildNestedPopupsAndSeparators) {
-    HMENU menu = loadContext();
-    ASSERT_NE(menu, nullptr);
-    MenuView view = describeMenu(menu);
-    ASSERT_EQ(view.size(), 1u);
-    EXPECT_TRUE(view[0].isPopup);
-    EXPECT_EQ(view[0].text, "Context");
-    const MenuView& context = view[0].popup;
-    ASSERT_EQ(context.size(), 5u);
-    EXPECT_EQ(context[0].text, "Add new band");
-    EXPECT_EQ(context[0].commandId, 40001u);
-    EXPECT_TRUE(context[2].separator);
-    EXPECT_EQ(context[3].text, "Band type");
-    ASSERT_EQ(context[3].popup.size(), 2u);
-    EXPECT_EQ(context[3].popup[1].commandId, 40007u);
-    EXPECT_EQ(context[4].text, "Enable band");
-}
-
-TEST_F(Menus, SubMenusAreFoundByPositionAndFreedWithTheirMenuAndOddResourcesAreHandled) {
-    HMENU menu = loadContext();
+TEST_F(Menus, PopupItemsAnswerThePreviousStateAndTrackingReturnsOrPostsTheChosenCommand) {
+    HMENU menu = KOBAL_LoadMenu(&contextMenu, 104);
     HMENU context = GetSubMenu(menu, 0);
-    ASSERT_NE(context, nullptr);
-    EXPECT_EQ(GetMenuItemCount(context), 5);
     EXPECT_EQ(GetMenuItemID(context, 1), 40002u);
-    EXPECT_EQ(GetMenuItemID(context, 3), kMenuItemNotFound);  // a popup
-    EXPECT_EQ(GetSubMenu(menu, 1), nullptr);
-    EXPECT_EQ(GetSubMenu(context, 0), nullptr);
-    EXPECT_EQ(liveMenuCount(), 3);
-    EXPECT_TRUE(DestroyMenu(menu));
-    EXPECT_FALSE(isLiveMenu(context));
-    EXPECT_EQ(liveMenuCount(), 0);
-    EXPECT_FALSE(DestroyMenu(menu));
-    EXPECT_EQ(KOBAL_LoadMenu(&contextMenu, 999), nullptr);
-    HMENU empty = KOBAL_LoadMenu(&contextMenu, 105);
-    ASSERT_NE(empty, nullptr);
-    EXPECT_EQ(GetMenuItemCount(empty), 0);
-}
-
-TEST_F(Menus, EnableAndCheckReturnThePreviousStateAndReachIntoPopups) {
-    HMENU menu = loadContext();
-    HMENU context = GetSubMenu(menu, 0);
-    EXPECT_EQ(EnableMenuItem(context, 40002, MF_BYCOMMAND | MF_GRAYED),
-              static_cast<BOOL>(MF_ENABLED));
-    EXPECT_EQ(EnableMenuItem(context, 40002, MF_ENABLED), static_cast<BOOL>(MF_GRAYED));
-    EnableMenuItem(context, 40002, MF_GRAYED);
-    EXPECT_EQ(CheckMenuItem(context, 40007, MF_CHECKED), MF_UNCHECKED);
+    EXPECT_EQ(EnableMenuItem(context, 40002, MF_GRAYED), static_cast<BOOL>(MF_ENABLED));
+    EXPECT_EQ(CheckMenuItem(context, 40007, MF_CHECKED), MF_UNCHECKED);  // inside the popup
     EXPECT_EQ(CheckMenuItem(context, 40007, MF_CHECKED), MF_CHECKED);
-    EXPECT_EQ(CheckMenuItem(context, 49999, MF_CHECKED), kMenuItemNotFound);
-    MenuView view = describeMenu(context);
-    EXPECT_FALSE(view[1].enabled);
-    EXPECT_TRUE(view[0].enabled);
-    EXPECT_TRUE(view[3].popup[1].checked);
-    EXPECT_FALSE(view[3].popup[0].checked);
-}
-
-TEST_F(Menus, TrackPopupMenuReturnsTheChosenCommand) {
-    HMENU context = GetSubMenu(loadContext(), 0);
-    HWND owner = hostWindow();
-    POINT chosenAt{};
+    const MenuView items = describeMenu(context);
+    ASSERT_EQ(items.size(), 5u);
+    EXPECT_FALSE(items[1].enabled);
+    EXPECT_TRUE(items[2].separator);
+    EXPECT_TRUE(items[3].popup.at(1).checked);
+    HWND owner = createRecordingWindow(hostWindow(), RECT{0, 0, 10, 10});
     setMenuChooser([&](const MenuView& shown, POINT at, HWND shownFor) -> UINT {
-        chosenAt = at;
+        EXPECT_EQ(at.x, 320);
         EXPECT_EQ(shownFor, owner);
         return shown[3].popup[0].commandId;
     });
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD | TPM_RIGHTBUTTON, 320, 240, 0, owner, nullptr),
-              40006);
-    EXPECT_EQ(chosenAt.x, 320);
-    EXPECT_EQ(chosenAt.y, 240);
-    ASSERT_TRUE(lastTrackedMenu().has_value());
-    EXPECT_EQ(lastTrackedMenu()->size(), 5u);
-}
-
-TEST_F(Menus, QueuedChoicesComeFirstAndGrayedItemsCannotBeChosen) {
-    HMENU context = GetSubMenu(loadContext(), 0);
-    EnableMenuItem(context, 40002, MF_GRAYED);
-    setMenuChooser([](const MenuView&, POINT, HWND) -> UINT { return 40003; });
     queueMenuChoice(40001);
     queueMenuChoice(40002);
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD, 0, 0, 0, nullptr, nullptr), 40001);
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD, 0, 0, 0, nullptr, nullptr), 0);
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD, 0, 0, 0, nullptr, nullptr), 40003);
-    setMenuChooser(nullptr);
-    EXPECT_EQ(TrackPopupMenu(context, TPM_RETURNCMD, 0, 0, 0, nullptr, nullptr), 0);  // dismissed
-    EXPECT_EQ(trackedMenuCount(), 4);
-}
-
-TEST_F(Menus, WithoutReturnCmdTheChoiceIsPostedToTheOwner) {
-    HMENU context = GetSubMenu(loadContext(), 0);
-    HWND owner = createRecordingWindow(hostWindow(), RECT{0, 0, 10, 10});
-    queueMenuChoice(40003);
-    EXPECT_EQ(TrackPopupMenu(context, 0, 0, 0, 0, owner, nullptr), 1);
+    const auto track = [&](UINT flags) {
+        return TrackPopupMenu(context, flags, 320, 240, 0, owner, nullptr);
+    };
+    EXPECT_EQ(track(TPM_RETURNCMD | TPM_RIGHTBUTTON), 40001);
+    EXPECT_EQ(track(TPM_RETURNCMD), 0);
+    EXPECT_EQ(track(TPM_RETURNCMD), 40006);
+    EXPECT_EQ(track(0), 1);  // posted to the owner
     EXPECT_TRUE(recordedOf(WM_COMMAND).empty());
     pumpMessages();
-    auto commands = recordedOf(WM_COMMAND);
-    ASSERT_EQ(commands.size(), 1u);
-    EXPECT_EQ(commands[0].wParam, 40003u);
-    EXPECT_EQ(TrackPopupMenu(context, 0, 0, 0, 0, owner, nullptr), 0);  // nothing chosen
+    ASSERT_EQ(recordedOf(WM_COMMAND).size(), 1u);
+    EXPECT_EQ(recordedOf(WM_COMMAND)[0].wParam, 40006u);
+    setMenuChooser(nullptr);
+    EXPECT_EQ(track(TPM_RETURNCMD), 0);  // dismissed
+    EXPECT_EQ(track(0), 0);
+    EXPECT_TRUE(DestroyMenu(menu));
+    EXPECT_EQ(liveMenuCount(), 0);
 }
 
 }  // namespace

@@ -1,23 +1,22 @@
-// Shared pieces of the windowing layer's tests: a fixture that starts every
-// test from a clean layer on the manual clock, and window procedures that
-// record the messages they receive.
+// The windowing layer's tests start from a clean layer on the manual clock
+// and record the messages their window procedures receive.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <string>
 #include <vector>
 
 #include "contracts/kobal.h"
+#include "host/ui/host_clock.h"
+#include "host/ui/host_windows.h"
+#include "host/ui/messages.h"
+#include "host/ui/tab_control.h"
+#include "host/ui/window_functions.h"
+#include "host/ui/window_tree.h"
 
-// Rectangles compare edge by edge and print as {left, top, right, bottom}.
 inline bool operator==(const RECT& a, const RECT& b) {
     return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}
-inline void PrintTo(const RECT& rect, std::ostream* out) {
-    *out << "{" << rect.left << ", " << rect.top << ", " << rect.right << ", " << rect.bottom
-         << "}";
 }
 
 struct RecordedMessage {
@@ -27,32 +26,60 @@ struct RecordedMessage {
     LPARAM lParam;
 };
 
-// Every message that reached a recording procedure, in order.
-std::vector<RecordedMessage>& recordedMessages();
-// Only the messages numbered `message`.
-std::vector<RecordedMessage> recordedOf(UINT message);
-// A window procedure that records and then does the default handling.
-LRESULT recordingWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-// A dialog procedure that records and answers 0 (default handling), and on
-// WM_INITDIALOG keeps lParam in GWL_USERDATA as the plug-in's dialogs do.
-LRESULT recordingDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+inline std::vector<RecordedMessage>& recordedMessages() {
+    static std::vector<RecordedMessage> messages;
+    return messages;
+}
 
-// Inserts a text tab at `index` of a tab strip; answers TabCtrl_InsertItem's result.
-int insertTab(HWND tabs, int index, const char* text);
+inline std::vector<RecordedMessage> recordedOf(UINT message) {
+    std::vector<RecordedMessage> matching;
+    for (const RecordedMessage& recorded : recordedMessages())
+        if (recorded.message == message) matching.push_back(recorded);
+    return matching;
+}
 
-// A child window with recordingWindowProcedure at `rect` in `parent`.
-HWND createRecordingWindow(HWND parent, RECT rect, bool visible = true);
+inline LRESULT recordingWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    recordedMessages().push_back(RecordedMessage{window, message, wParam, lParam});
+    return kobal_layer::DefWindowProc(window, message, wParam, lParam);
+}
 
-class UiLayerTest : public ::testing::Test {
-protected:
-    void SetUp() override;
-    void TearDown() override;
-    // A shown host window at (100, 50) on the screen, 400 × 300.
-    HWND hostWindow();
-};
+// Keeps WM_INITDIALOG's lParam in GWL_USERDATA as the plug-in's dialogs do.
+inline LRESULT recordingDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    recordedMessages().push_back(RecordedMessage{window, message, wParam, lParam});
+    if (message == WM_INITDIALOG) kobal_layer::SetWindowLong(window, GWL_USERDATA, lParam);
+    return 0;
+}
+
+inline int insertTab(HWND tabs, int index, std::string text) {
+    TCITEM tab{TCIF_TEXT, 0, 0, text.data(), 0, 0, 0};
+    return kobal_layer::TabCtrl_InsertItem(tabs, index, &tab);
+}
+
+inline HWND createRecordingWindow(HWND parent, RECT rect) {
+    kobal_layer::WindowCreation creation;
+    creation.parent = parent;
+    creation.rect = rect;
+    creation.procedure = recordingWindowProcedure;
+    return kobal_layer::createWindow(creation);
+}
 
 constexpr int kHostLeft = 100;
 constexpr int kHostTop = 50;
 
-// A path under the build's screenshot folder (created when missing).
-std::string screenshotPath(const std::string& fileName);
+class UiLayerTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        kobal_layer::resetWindowingLayer();
+        kobal_layer::useTestClock(1000);
+        recordedMessages().clear();
+    }
+    void TearDown() override {
+        kobal_layer::resetWindowingLayer();
+        kobal_layer::useRealClock();
+    }
+    // A shown host window at (100, 50) on the screen, 400 × 300.
+    HWND hostWindow() {
+        return kobal_layer::createHostWindow(
+            "Test host", RECT{kHostLeft, kHostTop, kHostLeft + 400, kHostTop + 300});
+    }
+};
