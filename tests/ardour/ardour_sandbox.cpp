@@ -1,6 +1,5 @@
 #include "tests/ardour/ardour_sandbox.h"
 
-#include <signal.h>
 #include <sys/wait.h>
 #include <utime.h>
 
@@ -14,11 +13,19 @@
 
 namespace fs = std::filesystem;
 
-ChildResult runChild(const std::vector<std::string>& argv, int timeLimitSeconds) {
+namespace {
+
+std::string limitedCommand(const std::vector<std::string>& argv, int timeLimitSeconds) {
     std::string command = "timeout -k 5 " + std::to_string(timeLimitSeconds);
     for (const std::string& word : argv) command += " '" + word + "'";
+    return command + " </dev/null";
+}
+
+}  // namespace
+
+ChildResult runChild(const std::vector<std::string>& argv, int timeLimitSeconds) {
     ChildResult result;
-    FILE* pipe = popen((command + " </dev/null 2>&1").c_str(), "r");
+    FILE* pipe = popen((limitedCommand(argv, timeLimitSeconds) + " 2>&1").c_str(), "r");
     char buffer[4096];
     for (size_t read; pipe && (read = fread(buffer, 1, sizeof buffer, pipe)) > 0;) result.output.append(buffer, read);
     int status = pipe ? pclose(pipe) : -1;
@@ -26,26 +33,13 @@ ChildResult runChild(const std::vector<std::string>& argv, int timeLimitSeconds)
     return result;
 }
 
-BackgroundChild::BackgroundChild(const std::vector<std::string>& argv, const std::string& outputPath)
-    : pid_(fork()) {
-    if (pid_ != 0) return;
-    setpgid(0, 0);
-    std::freopen(outputPath.c_str(), "w", stdout);
-    dup2(fileno(stdout), STDERR_FILENO);
-    std::vector<char*> words;
-    for (const std::string& word : argv) words.push_back(const_cast<char*>(word.c_str()));
-    words.push_back(nullptr);
-    execvp(words[0], words.data());
-    _exit(127);
+BackgroundChild::BackgroundChild(const std::vector<std::string>& argv, const std::string& outputPath,
+                                 int timeLimitSeconds) {
+    std::string command = limitedCommand(argv, timeLimitSeconds) + " >'" + outputPath + "' 2>&1 & echo $!";
+    FILE* pipe = popen(command.c_str(), "r");
+    if (pipe && std::fscanf(pipe, "%d", &pid_) != 1) pid_ = 0;
+    if (pipe) pclose(pipe);
 }
-
-BackgroundChild::~BackgroundChild() {
-    if (pid_ <= 0) return;
-    kill(-pid_, SIGKILL);
-    waitpid(pid_, nullptr, 0);
-}
-
-bool BackgroundChild::running() const { return pid_ > 0 && waitpid(pid_, nullptr, WNOHANG) == 0; }
 
 std::vector<unsigned char> addedBandsChunk() {
     const int32_t bandRecordSize = 33, showGrid = 1, showTabs = 1, viewFlags = 0, editorSize = 0;

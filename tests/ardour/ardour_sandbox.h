@@ -5,7 +5,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
+#include <signal.h>
 
 #include <string>
 #include <vector>
@@ -18,16 +18,18 @@ struct ChildResult {
 // Runs a program to its end or to the time limit, which ends its whole process group.
 ChildResult runChild(const std::vector<std::string>& argv, int timeLimitSeconds = 60);
 
-// A program left running beside the test (Ardour's GUI), output to a file;
-// ended with its process group when the object goes.
+// A program left running beside the test (Ardour's GUI) with its output to
+// a file, ended with its process group at the time limit or when the object goes.
 class BackgroundChild {
 public:
-    BackgroundChild(const std::vector<std::string>& argv, const std::string& outputPath);
-    ~BackgroundChild();
-    bool running() const;
+    BackgroundChild(const std::vector<std::string>& argv, const std::string& outputPath, int timeLimitSeconds);
+    ~BackgroundChild() {
+        if (pid_ > 0) kill(pid_, SIGTERM);
+    }
+    bool running() const { return pid_ > 0 && kill(pid_, 0) == 0; }
 
 private:
-    pid_t pid_;
+    pid_t pid_ = 0;
 };
 
 // Peaking bands (type 8) an octave and a half apart and a quarter octave

@@ -1,10 +1,8 @@
 // A file equalized by Ombro in headless Ardour: the session's track plays a
-// WAV through the plug-in and ardour7-export renders it; the result is
-// measured against the band settings and compared with ombro-host's.
+// WAV through the plug-in and ardour7-export renders it as ombro-host does.
 #include <sndfile.h>
 
 #include <cmath>
-#include <complex>
 #include <fstream>
 #include <numbers>
 
@@ -32,20 +30,11 @@ std::vector<double> readWav(const std::string& path) {
     return frames;
 }
 
-// Amplitude of the sinusoid at `frequency` in the left channel's last
-// second (a whole number of cycles), by a single DFT bin.
-double leftToneAmplitude(const std::vector<double>& frames, double frequency) {
-    std::complex<double> sum = 0.0;
-    for (int64_t i = kFrames - kSampleRate; i < kFrames; ++i)
-        sum += frames[2 * i] * std::polar(1.0, -2.0 * std::numbers::pi * frequency * static_cast<double>(i) / kSampleRate);
-    return 2.0 * std::abs(sum) / kSampleRate;
-}
-
 }  // namespace
 
 // Left: one tone at every band centre. Right: noise, so that the sample
 // comparison covers a broadband signal too.
-TEST_F(ArdourSessionTest, EqualizedFileMatchesBandGainsAndStandInHostSamples) {
+TEST_F(ArdourSessionTest, EqualizedFileMatchesStandInHostSamples) {
     std::vector<float> input;
     uint32_t noise = 12345;
     for (int64_t i = 0; i < kFrames; ++i) {
@@ -74,14 +63,6 @@ TEST_F(ArdourSessionTest, EqualizedFileMatchesBandGainsAndStandInHostSamples) {
     ASSERT_EQ(ardour.size(), input.size());
     ASSERT_EQ(host.size(), input.size());
 
-    // Long after every band has settled; the skirts of the neighbours an
-    // octave and a half away add up to 0.05 dB.
-    std::vector<double> original(input.begin(), input.end());
-    for (const BandSetting& band : kAddedBands) {
-        double gainDb = 20.0 * std::log10(leftToneAmplitude(ardour, band.frequency) /
-                                          leftToneAmplitude(original, band.frequency));
-        EXPECT_NEAR(gainDb, (band.enabled ? band.gainDb : 0.0) + kOutputGainDb, 0.1) << band.frequency << " Hz";
-    }
     // Ardour renders in float, ombro-host in double: at most half a float step apart.
     for (size_t i = 0; i < host.size(); ++i) {
         const float nearest = static_cast<float>(host[i]);

@@ -8,61 +8,52 @@
 
 namespace {
 
-// Noise and a tone, float-representable so that both paths see the same input.
-std::vector<float> testSignal(int32_t frames, uint64_t seed) {
-    std::vector<float> samples(static_cast<size_t>(frames));
+// Left then right, noise and a tone, float-representable so that both paths
+// see the same input.
+std::vector<float> testSignal(int32_t frames) {
+    std::vector<float> samples(2 * static_cast<size_t>(frames));
+    uint64_t seed = 1;
     for (size_t i = 0; i < samples.size(); ++i) {
         seed = seed * 6364136223846793005ULL + 1442695040888963407ULL;
         samples[i] = static_cast<float>(seed >> 40) / 16777216.0f - 0.5f +
-                     0.25f * static_cast<float>(std::sin(0.05 * static_cast<double>(i)));
+                     0.25f * static_cast<float>(std::sin(0.05 * static_cast<double>(i % frames)));
     }
     return samples;
 }
 
-// Two instances with the same bands, one driven through a float entry, the
-// other through the double one.
+// Two instances with the same bands: the float entries of one against the
+// double entry of the other, block for block.
 class BridgeFloatPathTest : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(single_.effect && twice_.effect);
-        for (HostedEffect* hosted : {&single_, &twice_}) {
-            hosted->setParameter(1, 0.8f);
-            hosted->setParameter(7, 0.05f);
-            hosted->setParameter(9, 0.9f);
-        }
+        for (HostedEffect* hosted : {&single_, &twice_})
+            for (auto [index, value] : {std::pair{1, 0.8f}, {7, 0.05f}, {9, 0.9f}}) hosted->setParameter(index, value);
     }
-    // The double path's output for the test signal of `frames`, left then
-    // right, rounded to float.
+    // The double path's output for the test signal, rounded to float.
     std::vector<float> doublePath(int32_t frames) {
-        std::vector<float> leftIn = testSignal(frames, 1), rightIn = testSignal(frames, 2);
-        std::vector<double> left(leftIn.begin(), leftIn.end()), right(rightIn.begin(), rightIn.end());
-        std::vector<double> out(2 * left.size());
-        double* inputs[2] = {left.data(), right.data()};
-        double* outputs[2] = {out.data(), out.data() + frames};
+        std::vector<float> signal = testSignal(frames);
+        std::vector<double> input(signal.begin(), signal.end()), output(input.size());
+        double* inputs[2] = {input.data(), input.data() + frames};
+        double* outputs[2] = {output.data(), output.data() + frames};
         twice_.effect->processDoubleReplacing(twice_.effect, inputs, outputs, frames);
-        std::vector<float> rounded;
-        for (double sample : out) rounded.push_back(static_cast<float>(sample));
-        return rounded;
+        return {output.begin(), output.end()};
     }
     HostedEffect single_{builtBridge()}, twice_{builtBridge()};
 };
 
 TEST_F(BridgeFloatPathTest, InPlaceAndAccumulatingEntriesEqualTheDoublePathRounded) {
     for (int32_t frames : {HostedEffect::kBlockSize, 1, 1000, 4096 + 17}) {
-        std::vector<float> signal = testSignal(frames, 1), right = testSignal(frames, 2);
-        float* channels[2] = {signal.data(), right.data()};
+        std::vector<float> buffer = testSignal(frames);
+        float* channels[2] = {buffer.data(), buffer.data() + frames};
         single_.effect->processReplacing(single_.effect, channels, channels, frames);
-        EXPECT_NE(signal[frames / 2], testSignal(frames, 1)[frames / 2]) << "the bands act";
-        signal.insert(signal.end(), right.begin(), right.end());
-        EXPECT_EQ(signal, doublePath(frames)) << frames << " frames";
+        EXPECT_NE(buffer[frames / 2], testSignal(frames)[frames / 2]) << "the bands act";
+        EXPECT_EQ(buffer, doublePath(frames)) << frames << " frames";
     }
-    constexpr int32_t kFrames = 300;
-    std::vector<float> left = testSignal(kFrames, 1), right = testSignal(kFrames, 2);
-    float* inputs[2] = {left.data(), right.data()};
-    std::vector<float> output(2 * kFrames, 1.0f);
-    float* outputs[2] = {output.data(), output.data() + kFrames};
-    single_.effect->process(single_.effect, inputs, outputs, kFrames);
-    std::vector<float> expected = doublePath(kFrames);
+    std::vector<float> input = testSignal(300), output(600, 1.0f), expected = doublePath(300);
+    float* inputs[2] = {input.data(), input.data() + 300};
+    float* outputs[2] = {output.data(), output.data() + 300};
+    single_.effect->process(single_.effect, inputs, outputs, 300);
     for (float& sample : expected) sample += 1.0f;
     EXPECT_EQ(output, expected);
 }

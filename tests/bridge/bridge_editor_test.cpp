@@ -1,6 +1,6 @@
-// The editor in a real X window: a frame of the test's own stands for the
-// host's window, the bridge shows the editor inside it, and XTest plays the
-// user. The host idles the editor about every 40 ms, as hosts do.
+// The editor in real X windows: frames of the test's own stand for a host's
+// windows, the bridge shows an editor inside each, and XTest plays the user.
+// The host idles the editors about every 40 ms, as hosts do.
 #include <chrono>
 #include <map>
 #include <thread>
@@ -38,38 +38,40 @@ void idle(HostedEffect& hosted, int times = 1) {
     }
 }
 
-class BridgeEditorTest : public BridgeInstanceTest {
-protected:
-    void SetUp() override {
-        if (testDisplayName().empty()) GTEST_SKIP() << "Xvfb is not installed";
-        BridgeInstanceTest::SetUp();
-        ASSERT_NE(frame_.display, nullptr);
-        ASSERT_EQ(hosted_->dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(frame_.window)), 1);
-        idle(*hosted_, 3);
+// A drag with the pointer from `from` to `to` in four steps.
+void drag(HostedEffect& hosted, const HostFrame& frame, Point from, Point to) {
+    movePointer(frame.display, frame.window, from.x, from.y);
+    idle(hosted);
+    pressButton(frame.display, true);
+    for (int step = 1; step <= 4; ++step) {
+        idle(hosted);
+        movePointer(frame.display, frame.window, from.x + (to.x - from.x) * step / 4,
+                    from.y + (to.y - from.y) * step / 4);
     }
-    void TearDown() override { hosted_->dispatch(effEditClose); }
-    void drag(Point from, Point to) {
-        movePointer(frame_.display, frame_.window, from.x, from.y);
-        idle(*hosted_);
-        pressButton(frame_.display, true);
-        for (int step = 1; step <= 4; ++step) {
-            idle(*hosted_);
-            movePointer(frame_.display, frame_.window, from.x + (to.x - from.x) * step / 4,
-                        from.y + (to.y - from.y) * step / 4);
-        }
-        idle(*hosted_);
-        pressButton(frame_.display, false);
-        idle(*hosted_, 3);
-    }
-    HostFrame frame_{kEditorWidth, kEditorHeight};
-};
+    idle(hosted);
+    pressButton(frame.display, false);
+    idle(hosted, 3);
+}
 
-TEST_F(BridgeEditorTest, DraggedHandleMovesOnScreenAndAutomatesItsParameters) {
-    Point handle = selectedHandle(frame_);
+// Two instances' editors side by side, the second's first band raised, so
+// that each shows its own picture; the first instance's selected handle is
+// dragged up and to the right.
+TEST_F(BridgeInstanceTest, DragInOneOfTwoEditorsMovesItsHandleAndAutomatesOnlyItsParameters) {
+    if (testDisplayName().empty()) GTEST_SKIP() << "Xvfb is not installed";
+    HostedEffect second(builtBridge());
+    second.setParameter(1, 0.9f);
+    HostFrame frame(kEditorWidth, kEditorHeight), secondFrame(kEditorWidth, kEditorHeight, kEditorWidth + 20);
+    ASSERT_EQ(hosted_->dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(frame.window)), 1);
+    ASSERT_EQ(second.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(secondFrame.window)), 1);
+    idle(second, 3);
+    idle(*hosted_, 3);
+    const Point handle = selectedHandle(frame), raised = selectedHandle(secondFrame);
     ASSERT_GE(handle.x, 0) << "no selected handle on screen";
+    EXPECT_EQ(raised.x, handle.x);
+    EXPECT_LT(raised.y, handle.y - 20);
     const float frequency = hosted_->parameter(0), gain = hosted_->parameter(1);
     hosted_->clearCalls();
-    drag(handle, {handle.x + 80, handle.y - 50});
+    drag(*hosted_, frame, handle, {handle.x + 80, handle.y - 50});
 
     // Frequency, then gain, the last notice of each carrying the parameter's value.
     std::vector<int32_t> automated;
@@ -83,26 +85,12 @@ TEST_F(BridgeEditorTest, DraggedHandleMovesOnScreenAndAutomatesItsParameters) {
     EXPECT_FALSE(hosted_->calls(audioMasterEndEdit).empty());
     EXPECT_GT(hosted_->parameter(0), frequency);
     EXPECT_GT(hosted_->parameter(1), gain);
-    savePicture(frame_.pixels(), kEditorWidth, kEditorHeight, "bridge_editor_dragged.png");
-    Point moved = selectedHandle(frame_);
+    EXPECT_FLOAT_EQ(second.parameter(1), 0.9f);
+    savePicture(frame.pixels(), kEditorWidth, kEditorHeight, "bridge_editor_dragged.png");
+    Point moved = selectedHandle(frame);
     EXPECT_NEAR(moved.x, handle.x + 80, 2);
     EXPECT_NEAR(moved.y, handle.y - 50, 2);
-}
-
-// A second instance, its first band's gain raised, shows its own picture in
-// a frame beside the first; a drag in the first editor edits only the first.
-TEST_F(BridgeEditorTest, TwoOpenEditorsShowAndEditTheirOwnBands) {
-    HostedEffect second(builtBridge());
-    second.setParameter(1, 0.9f);
-    HostFrame secondFrame(kEditorWidth, kEditorHeight, kEditorWidth + 20);
-    ASSERT_EQ(second.dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(secondFrame.window)), 1);
-    idle(second, 3);
-    Point handle = selectedHandle(frame_), raised = selectedHandle(secondFrame);
-    EXPECT_EQ(handle.x, raised.x);
-    EXPECT_LT(raised.y, handle.y - 20);
-    drag(handle, {handle.x, handle.y + 30});
-    EXPECT_LT(hosted_->parameter(1), 0.25f);
-    EXPECT_FLOAT_EQ(second.parameter(1), 0.9f);
+    hosted_->dispatch(effEditClose);
     second.dispatch(effEditClose);
 }
 

@@ -2,10 +2,7 @@
 
 #include <dlfcn.h>
 
-#include <filesystem>
 #include <mutex>
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -24,7 +21,8 @@ intptr_t plainHostCallback(AEffect* effect, int32_t opcode, int32_t index, intpt
 }
 
 AEffect* newInstance(const LoadedPlugin& plugin) {
-    AEffect* effect = plugin.main ? plugin.main(plainHostCallback) : nullptr;
+    auto main = reinterpret_cast<VstPluginMainProc>(plugin.handle ? dlsym(plugin.handle, "VSTPluginMain") : nullptr);
+    AEffect* effect = main ? main(plainHostCallback) : nullptr;
     std::lock_guard lock(callsMutex);
     // An earlier instance may have lived at the same address.
     std::erase_if(recordedCalls, [effect](const PlainHostCall& call) { return call.effect == effect; });
@@ -40,7 +38,6 @@ std::vector<PlainHostCall> plainHostCalls() {
 
 LoadedPlugin::LoadedPlugin(const std::string& path) : handle(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {
     EXPECT_NE(handle, nullptr) << dlerror();
-    if (handle) main = reinterpret_cast<VstPluginMainProc>(dlsym(handle, "VSTPluginMain"));
 }
 
 LoadedPlugin::~LoadedPlugin() {
@@ -51,13 +48,6 @@ LoadedPlugin& builtBridge() {
     static LoadedPlugin bridge(OMBRO_BRIDGE_DIR "/Ombro.so");
     return bridge;
 }
-
-CopiedInstallFolder::CopiedInstallFolder() : path(testing::TempDir() + "ombro-bridge-XXXXXX") {
-    EXPECT_NE(mkdtemp(path.data()), nullptr);
-    fs::copy(OMBRO_BRIDGE_DIR, path, fs::copy_options::recursive);
-}
-
-CopiedInstallFolder::~CopiedInstallFolder() { fs::remove_all(path); }
 
 HostedEffect::HostedEffect(const LoadedPlugin& plugin) : effect(newInstance(plugin)) {
     if (!effect) return;

@@ -28,21 +28,11 @@ struct LoadedPlugin {
     explicit LoadedPlugin(const std::string& path);
     ~LoadedPlugin();
     void* handle = nullptr;
-    VstPluginMainProc main = nullptr;
 };
 
 // The build's bridge (Ombro.so beside the core), loaded once per test
 // process and kept, as a host keeps its plug-ins.
 LoadedPlugin& builtBridge();
-
-// A copy of the build's install folder in a new temporary folder, as a user
-// who installed into two places has; removed on destruction.
-struct CopiedInstallFolder {
-    CopiedInstallFolder();
-    ~CopiedInstallFolder();
-    std::string bridgePath() const { return path + "/Ombro.so"; }
-    std::string path;
-};
 
 // One instance: opened, told the sample rate and block size, switched on;
 // switched off and closed on destruction. `effect` is null when the plug-in
