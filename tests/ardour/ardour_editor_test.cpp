@@ -79,7 +79,7 @@ TEST_F(ArdourSessionTest, BandAddedInTheEditorIsSavedWithTheSession) {
     std::filesystem::copy(OMBRO_ARDOUR_FILES "/first_run", path("home/.config/ardour7"),
                           std::filesystem::copy_options::recursive);
     BackgroundChild ardour({OMBRO_ARDOUR_GUI, "--no-splash", "--no-announcements", path("editor")},
-                           path("ardour_gui.log"), 110);
+                           path("ardour_gui.log"));
     Display* display = XOpenDisplay(testDisplayName().c_str());
     ASSERT_NE(display, nullptr);
     XSetErrorHandler(ignoreXError);

@@ -1,13 +1,18 @@
 #include "tests/ardour/ardour_sandbox.h"
 
 #include <sys/wait.h>
+#include <unistd.h>
 #include <utime.h>
 
+#include <chrono>
 #include <cmath>
+#include <csignal>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "tests/engine/chunk_bytes.h"
 
@@ -15,31 +20,47 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string limitedCommand(const std::vector<std::string>& argv, int timeLimitSeconds) {
-    std::string command = "timeout -k 5 " + std::to_string(timeLimitSeconds);
-    for (const std::string& word : argv) command += " '" + word + "'";
-    return command + " </dev/null";
+// Starts a program in a process group of its own, its output to a file.
+pid_t spawn(const std::vector<std::string>& argv, const std::string& outputPath) {
+    const pid_t pid = fork();
+    if (pid != 0) return pid;
+    setpgid(0, 0);
+    std::freopen("/dev/null", "r", stdin);
+    std::freopen(outputPath.c_str(), "w", stdout);
+    dup2(fileno(stdout), STDERR_FILENO);
+    std::vector<char*> words;
+    for (const std::string& word : argv) words.push_back(const_cast<char*>(word.c_str()));
+    words.push_back(nullptr);
+    execvp(words[0], words.data());
+    _exit(127);
 }
 
 }  // namespace
 
 ChildResult runChild(const std::vector<std::string>& argv, int timeLimitSeconds) {
-    ChildResult result;
-    FILE* pipe = popen((limitedCommand(argv, timeLimitSeconds) + " 2>&1").c_str(), "r");
-    char buffer[4096];
-    for (size_t read; pipe && (read = fread(buffer, 1, sizeof buffer, pipe)) > 0;) result.output.append(buffer, read);
-    int status = pipe ? pclose(pipe) : -1;
-    if (status != -1 && WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
-    return result;
+    const std::string outputPath = testing::TempDir() + "ombro_child_" + std::to_string(getpid());
+    const pid_t pid = spawn(argv, outputPath);
+    int status = 0;
+    for (int tick = 0; waitpid(pid, &status, WNOHANG) == 0; ++tick) {
+        if (tick == timeLimitSeconds * 50) kill(-pid, SIGKILL);
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    // Helpers the program left behind in its group go with it.
+    kill(-pid, SIGKILL);
+    std::stringstream output;
+    output << std::ifstream(outputPath).rdbuf();
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output.str()};
 }
 
-BackgroundChild::BackgroundChild(const std::vector<std::string>& argv, const std::string& outputPath,
-                                 int timeLimitSeconds) {
-    std::string command = limitedCommand(argv, timeLimitSeconds) + " >'" + outputPath + "' 2>&1 & echo $!";
-    FILE* pipe = popen(command.c_str(), "r");
-    if (pipe && std::fscanf(pipe, "%d", &pid_) != 1) pid_ = 0;
-    if (pipe) pclose(pipe);
+BackgroundChild::BackgroundChild(const std::vector<std::string>& argv, const std::string& outputPath)
+    : pid_(spawn(argv, outputPath)) {}
+
+BackgroundChild::~BackgroundChild() {
+    kill(-pid_, SIGKILL);
+    waitpid(pid_, nullptr, 0);
 }
+
+bool BackgroundChild::running() const { return waitpid(pid_, nullptr, WNOHANG) == 0; }
 
 std::vector<unsigned char> addedBandsChunk() {
     const int32_t bandRecordSize = 33, showGrid = 1, showTabs = 1, viewFlags = 0, editorSize = 0;
@@ -79,11 +100,9 @@ void ArdourSessionTest::TearDown() {
     if (!root_.empty() && !getenv("OMBRO_KEEP_ARDOUR_SANDBOX")) fs::remove_all(root_, ignored);
 }
 
-void ArdourSessionTest::createSession(const std::string& name, const std::vector<std::string>& settings) {
-    std::vector<std::string> argv = {OMBRO_ARDOUR_LUA, OMBRO_ARDOUR_FILES "/scripts/create_session.lua", path(name),
-                                     name, "Ombro"};
-    argv.insert(argv.end(), settings.begin(), settings.end());
-    ChildResult created = runChild(argv, 40);
+void ArdourSessionTest::createSession(const std::string& name) {
+    ChildResult created =
+        runChild({OMBRO_ARDOUR_LUA, OMBRO_ARDOUR_FILES "/scripts/create_session.lua", path(name), name, "Ombro"}, 40);
     ASSERT_EQ(created.exitCode, 0) << created.output;
 }
 
