@@ -1,6 +1,7 @@
 // The 32-bit entries hosts call: the float output is the 64-bit path's output
 // rounded to float, in place and for blocks longer than the announced size;
 // the old accumulating entry adds it to what the output held.
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -56,6 +57,27 @@ TEST_F(BridgeFloatPathTest, InPlaceAndAccumulatingEntriesEqualTheDoublePathRound
     single_.effect->process(single_.effect, inputs, outputs, 300);
     for (float& sample : expected) sample += 1.0f;
     EXPECT_EQ(output, expected);
+}
+
+// The ringing of the bands a loud block leaves, in the first sample of a
+// silent block after these effMainsChanged requests.
+float ringingAfter(HostedEffect& hosted, std::initializer_list<intptr_t> mainsChanges) {
+    std::vector<float> left(256, 0.5f), right(256, 0.5f);
+    float* channels[2] = {left.data(), right.data()};
+    hosted.effect->processReplacing(hosted.effect, channels, channels, 256);
+    for (intptr_t on : mainsChanges) hosted.dispatch(effMainsChanged, 0, on);
+    std::fill(left.begin(), left.end(), 0.0f);
+    std::fill(right.begin(), right.end(), 0.0f);
+    hosted.effect->processReplacing(hosted.effect, channels, channels, 256);
+    return left[0];
+}
+
+// Switching off clears the filter histories; a host's repeated switching on
+// leaves them, as it leaves the sound.
+TEST_F(BridgeInstanceTest, SwitchingOffClearsTheFilterHistoriesAndSwitchingOnKeepsThem) {
+    hosted_->setParameter(1, 1.0f);
+    EXPECT_NE(ringingAfter(*hosted_, {1}), 0.0f);
+    EXPECT_EQ(ringingAfter(*hosted_, {0, 1}), 0.0f);
 }
 
 }  // namespace
