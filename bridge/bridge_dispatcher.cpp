@@ -52,11 +52,8 @@ intptr_t openEditor(BridgeEffect& effect, void* ptr) {
 void idleEditor(BridgeEffect& effect) {
     LayerGuard guard(layerLock());
     if (!effect.editor) return;
-    bool resized = effect.editor->idle();
+    effect.editor->idle();
     followParameterCount(effect);
-    if (!resized) return;
-    effect.editorSize = effect.editor->size();
-    callRealHost(effect, audioMasterSizeWindow, effect.editorSize.width, effect.editorSize.height);
 }
 
 void closeEditor(BridgeEffect& effect) {

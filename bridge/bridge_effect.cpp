@@ -65,7 +65,7 @@ void describeLike(AEffect& outer, const AEffect& core, bool editorAvailable) {
     outer.numParams = core.numParams;
     outer.numInputs = core.numInputs;
     outer.numOutputs = core.numOutputs;
-    outer.flags = core.flags | effFlagsCanReplacing | effFlagsCanDoubleReplacing;
+    outer.flags = core.flags;
     if (!editorAvailable) outer.flags &= ~effFlagsHasEditor;
     outer.initialDelay = core.initialDelay;
     outer.ioRatio = 1.0f;

@@ -1,137 +1,127 @@
 #include "tests/ardour/ardour_sandbox.h"
 
-#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <utime.h>
 
-#include <cstdlib>
+#include <chrono>
+#include <cmath>
+#include <csignal>
+#include <cstdio>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
+#include <thread>
 
-#include <gtest/gtest.h>
+#include "tests/engine/chunk_bytes.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
-// Ardour trusts a cached scan only when it is strictly newer than the plug-in,
-// to the second; an install and a scan in the same second would leave the
-// cache stale, so the installed files are dated an hour back.
-void backdate(const std::string& folder) {
-    time_t hourAgo = std::time(nullptr) - 3600;
-    utimbuf times{hourAgo, hourAgo};
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        utime(entry.path().c_str(), &times);
+// Starts a program in a process group of its own, its output to a file.
+pid_t spawn(const std::vector<std::string>& argv, const std::string& outputPath) {
+    const pid_t pid = fork();
+    if (pid != 0) return pid;
+    setpgid(0, 0);
+    std::freopen("/dev/null", "r", stdin);
+    std::freopen(outputPath.c_str(), "w", stdout);
+    dup2(fileno(stdout), STDERR_FILENO);
+    std::vector<char*> words;
+    for (const std::string& word : argv) words.push_back(const_cast<char*>(word.c_str()));
+    words.push_back(nullptr);
+    execvp(words[0], words.data());
+    _exit(127);
 }
-
-bool writeText(const std::string& path, const std::string& text) {
-    std::ofstream file(path, std::ios::trunc);
-    file << text;
-    return static_cast<bool>(file);
-}
-
-// The engine state the audio set-up dialog would have saved for the dummy
-// backend; with it and autostart Ardour starts the engine without asking.
-constexpr char kDummyEngineConfig[] = R"xml(<?xml version="1.0" encoding="UTF-8"?>
-<Ardour version="7.3.0">
-  <Config>
-    <Option name="hide-dummy-backend" value="0"/>
-    <Option name="try-autostart-engine" value="1"/>
-  </Config>
-  <Extra>
-    <AudioMIDISetup>
-      <EngineStates>
-        <State backend="None (Dummy)" driver="" device="Silence" input-device="" output-device=""
-               sample-rate="48000" buffer-size="1024" n-periods="2" input-latency="0"
-               output-latency="0" lm-input="0" lm-output="0" active="1" use-buffered-io="0"
-               midi-option="" lru="1">
-          <MIDIDevices/>
-        </State>
-      </EngineStates>
-    </AudioMIDISetup>
-  </Extra>
-</Ardour>
-)xml";
-
-constexpr char kNoMemoryWarning[] = R"xml(<?xml version="1.0" encoding="UTF-8"?>
-<instant>
-  <no-memory-warning/>
-</instant>
-)xml";
 
 }  // namespace
 
-ArdourSandbox::ArdourSandbox() {
+ChildResult runChild(const std::vector<std::string>& argv, int timeLimitSeconds) {
+    const std::string outputPath = testing::TempDir() + "ombro_child_" + std::to_string(getpid());
+    const pid_t pid = spawn(argv, outputPath);
+    int status = 0;
+    for (int tick = 0; waitpid(pid, &status, WNOHANG) == 0; ++tick) {
+        if (tick == timeLimitSeconds * 50) kill(-pid, SIGKILL);
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    // Helpers the program left behind in its group go with it.
+    kill(-pid, SIGKILL);
+    std::stringstream output;
+    output << std::ifstream(outputPath).rdbuf();
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output.str()};
+}
+
+BackgroundChild::BackgroundChild(const std::vector<std::string>& argv, const std::string& outputPath)
+    : pid_(spawn(argv, outputPath)) {}
+
+BackgroundChild::~BackgroundChild() {
+    kill(-pid_, SIGKILL);
+    waitpid(pid_, nullptr, 0);
+}
+
+bool BackgroundChild::running() const { return waitpid(pid_, nullptr, WNOHANG) == 0; }
+
+std::vector<unsigned char> addedBandsChunk() {
+    const int32_t bandRecordSize = 33, showGrid = 1, showTabs = 1, viewFlags = 0, editorSize = 0;
+    ChunkBytes chunk;
+    chunk.put(bandRecordSize).put(static_cast<int32_t>(kAddedBands.size()));
+    for (const BandSetting& band : kAddedBands)
+        chunk.band(band.type, band.enabled, band.frequency, std::pow(10.0, band.gainDb / 20.0), band.bandwidth)
+            .put(static_cast<uint8_t>(1));
+    chunk.put(showGrid).put(showTabs).put(std::pow(10.0, kOutputGainDb / 20.0)).put(viewFlags);
+    return chunk.put(editorSize).put(editorSize).bytes;
+}
+
+// The build installed into the sandbox's prefix and scanned by Ardour's
+// scanner, in a home of the sandbox's own.
+void ArdourSessionTest::SetUp() {
     std::string pattern = testing::TempDir() + "ombro_ardour_XXXXXX";
-    if (!mkdtemp(pattern.data())) return;
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
     root_ = pattern;
-    pluginFolder_ = root_ + "/prefix/lib/vst/ombro";
-    std::string home = root_ + "/home";
-    std::filesystem::create_directories(home);
-    environment_ = {
-        {"HOME", home},
-        {"XDG_CONFIG_HOME", home + "/.config"},
-        {"XDG_CACHE_HOME", home + "/.cache"},
-        {"XDG_DATA_HOME", home + "/.local/share"},
-        {"LXVST_PATH", pluginFolder_},
-        {"VST_PATH", pluginFolder_},
-    };
-    ready_ = installPlugin() && scanPlugin();
+    const std::string plugins = path("prefix/lib/vst/ombro"), home = path("home");
+    for (auto [name, value] : {std::pair{"HOME", home}, {"XDG_CONFIG_HOME", home + "/.config"},
+                               {"XDG_CACHE_HOME", home + "/.cache"}, {"XDG_DATA_HOME", home + "/.local/share"},
+                               {"LXVST_PATH", plugins}, {"VST_PATH", plugins}})
+        setenv(name, value.c_str(), 1);
+    ChildResult install = runChild({OMBRO_CMAKE_COMMAND, "--install", OMBRO_BUILD_DIR, "--prefix", path("prefix")});
+    ASSERT_EQ(install.exitCode, 0) << install.output;
+    // Ardour trusts a cached scan only when it is newer than the plug-in, to
+    // the second: the installed files are dated an hour back.
+    utimbuf hourAgo{std::time(nullptr) - 3600, std::time(nullptr) - 3600};
+    for (const auto& entry : fs::directory_iterator(plugins)) utime(entry.path().c_str(), &hourAgo);
+    ChildResult scan = runChild({"env", "LD_LIBRARY_PATH=" OMBRO_ARDOUR_LIBRARY_DIR, OMBRO_ARDOUR_VST_SCANNER,
+                                 "-f", plugins + "/Ombro.so"});
+    ASSERT_NE(scan.output.find("Found Plugin"), std::string::npos) << scan.output;
 }
 
-ArdourSandbox::~ArdourSandbox() {
+void ArdourSessionTest::TearDown() {
     std::error_code ignored;
-    if (!root_.empty() && !getenv("OMBRO_KEEP_ARDOUR_SANDBOX"))
-        std::filesystem::remove_all(root_, ignored);
+    if (!root_.empty() && !getenv("OMBRO_KEEP_ARDOUR_SANDBOX")) fs::remove_all(root_, ignored);
 }
 
-bool ArdourSandbox::installPlugin() {
-    ChildResult install = runChild(
-        {OMBRO_CMAKE_COMMAND, "--install", OMBRO_BUILD_DIR, "--prefix", root_ + "/prefix"},
-        {}, 60);
-    setUpLog_ += install.output;
-    if (!install.succeeded() || !std::filesystem::is_directory(pluginFolder_)) return false;
-    backdate(pluginFolder_);
-    return true;
+void ArdourSessionTest::createSession(const std::string& name) {
+    ChildResult created =
+        runChild({OMBRO_ARDOUR_LUA, OMBRO_ARDOUR_FILES "/scripts/create_session.lua", path(name), name, "Ombro"}, 40);
+    ASSERT_EQ(created.exitCode, 0) << created.output;
 }
 
-bool ArdourSandbox::scanPlugin() {
-    EnvironmentChanges scanEnvironment = environment_;
-    scanEnvironment["LD_LIBRARY_PATH"] = OMBRO_ARDOUR_LIBRARY_DIR;
-    ChildResult scan = runChild(
-        {OMBRO_ARDOUR_VST_SCANNER, "-f", pluginFolder_ + "/Ombro.so"}, scanEnvironment, 30);
-    setUpLog_ += scan.output;
-    return scan.succeeded() && scan.output.find("Found Plugin") != std::string::npos;
-}
-
-ChildResult ArdourSandbox::runLua(const std::string& script,
-                                  const std::vector<std::string>& arguments,
-                                  double timeLimitSeconds) const {
-    std::vector<std::string> argv = {OMBRO_ARDOUR_LUA,
-                                     std::string(OMBRO_ARDOUR_SCRIPTS) + "/" + script};
-    argv.insert(argv.end(), arguments.begin(), arguments.end());
-    return runChild(argv, environment_, timeLimitSeconds);
-}
-
-ChildResult ArdourSandbox::exportSession(const std::string& sessionFolder,
-                                         const std::string& snapshot,
-                                         const std::string& wavPath) const {
-    return runChild({OMBRO_ARDOUR_EXPORT, "--bitdepth", "float", "--output", wavPath,
-                     sessionFolder, snapshot},
-                    environment_, 60);
-}
-
-bool ArdourSandbox::answerFirstRunQuestions() const {
-    std::string config = environment_.at("XDG_CONFIG_HOME") + "/ardour7";
-    std::filesystem::create_directories(config);
-    // Ardour shows its welcome pages until this marker exists.
-    return writeText(config + "/.a7", "") && writeText(config + "/config", kDummyEngineConfig) &&
-           writeText(config + "/instant.xml", kNoMemoryWarning);
-}
-
-std::unique_ptr<BackgroundChild> ArdourSandbox::startGui(const std::string& sessionFolder,
-                                                         const std::string& logPath) const {
-    if (!answerFirstRunQuestions()) return nullptr;
-    return std::make_unique<BackgroundChild>(
-        std::vector<std::string>{OMBRO_ARDOUR_GUI, "--no-splash", "--no-announcements",
-                                sessionFolder},
-                               environment_, logPath);
+std::vector<float> ArdourSessionTest::reopenSession(const std::string& name, const std::string& snapshot,
+                                                    const std::string& saveAs) {
+    ChildResult opened = runChild(
+        {OMBRO_ARDOUR_LUA, OMBRO_ARDOUR_FILES "/scripts/read_session.lua", path(name), snapshot, saveAs}, 40);
+    EXPECT_EQ(opened.exitCode, 0) << opened.output;
+    // "parameters N", then "parameter I VALUE" lines in the order of I.
+    std::vector<float> values;
+    std::istringstream lines(opened.output);
+    int count = -1;
+    for (std::string line; std::getline(lines, line);) {
+        size_t index = 0;
+        float value = 0;
+        std::sscanf(line.c_str(), "parameters %d", &count);
+        if (std::sscanf(line.c_str(), "parameter %zu %f", &index, &value) == 2 && index == values.size())
+            values.push_back(value);
+    }
+    EXPECT_EQ(static_cast<int>(values.size()), count) << opened.output;
+    return values;
 }

@@ -1,51 +1,61 @@
-// Ardour with a home of its own: the test's install of Ombro in a plug-in
-// folder, Ardour's configuration and plug-in cache in a temporary directory
-// (the user's Ardour set-up is never read or written), the plug-in scanned
-// once, and the command-line tools run against it with time limits.
+// Ardour with a home of its own: the build installed into a temporary
+// prefix, Ardour's configuration and plug-in cache in a temporary folder
+// (the user's Ardour set-up is never read or written), Ombro scanned once,
+// and Ardour's tools run against it with time limits.
 #pragma once
 
-#include <memory>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
 #include <string>
 #include <vector>
 
-#include "tests/ardour/child_process.h"
+struct ChildResult {
+    int exitCode = -1;   // -1 when it did not exit (killed at the time limit)
+    std::string output;  // standard output and standard error
+};
 
-class ArdourSandbox {
+// Runs a program in a process group of its own to its end or to the time
+// limit; the group ends with it.
+ChildResult runChild(const std::vector<std::string>& argv, int timeLimitSeconds = 60);
+
+// A program left running beside the test (Ardour's GUI) with its output to
+// a file, ended with its process group when the object goes.
+class BackgroundChild {
 public:
-    ArdourSandbox();
-    ~ArdourSandbox();
-    ArdourSandbox(const ArdourSandbox&) = delete;
-    ArdourSandbox& operator=(const ArdourSandbox&) = delete;
-
-    // The folder `cmake --install` filled: <prefix>/lib/vst/ombro.
-    const std::string& pluginFolder() const { return pluginFolder_; }
-    // A fresh path inside the sandbox.
-    std::string path(const std::string& name) const { return root_ + "/" + name; }
-    // What installing and scanning printed, for failure messages.
-    const std::string& setUpLog() const { return setUpLog_; }
-    bool ready() const { return ready_; }
-
-    // ardour7-lua on one of the scripts in tests/ardour/scripts.
-    ChildResult runLua(const std::string& script, const std::vector<std::string>& arguments,
-                       double timeLimitSeconds = 40) const;
-    // ardour7-export: the session range as a 32-bit float WAV, not normalized.
-    ChildResult exportSession(const std::string& sessionFolder, const std::string& snapshot,
-                              const std::string& wavPath) const;
-    // Ardour's GUI started on a session: its first-run questions answered
-    // beforehand (welcome pages, memory warning, audio set-up: the dummy
-    // backend at 48 kHz), output to `logPath`.
-    std::unique_ptr<BackgroundChild> startGui(const std::string& sessionFolder,
-                                              const std::string& logPath) const;
-    const EnvironmentChanges& environment() const { return environment_; }
+    BackgroundChild(const std::vector<std::string>& argv, const std::string& outputPath);
+    ~BackgroundChild();
+    bool running() const;
 
 private:
-    bool installPlugin();
-    bool scanPlugin();
-    bool answerFirstRunQuestions() const;
+    pid_t pid_;
+};
+
+// Six peaking bands (type 8), two more than a fresh instance has, one of
+// them disabled.
+struct BandSetting {
+    int32_t type, enabled;
+    double frequency, gainDb, bandwidth;
+};
+inline const std::vector<BandSetting> kAddedBands = {
+    {8, 1, 60.0, 6.0, 0.25},    {8, 1, 170.0, -9.0, 0.25},  {8, 1, 480.0, 4.0, 0.25},
+    {8, 0, 1360.0, 12.0, 0.25}, {8, 1, 3840.0, -6.0, 0.25}, {8, 1, 10860.0, 3.0, 0.25},
+};
+constexpr double kOutputGainDb = -2.0;
+// The state chunk of kAddedBands and kOutputGainDb, byte by byte.
+std::vector<unsigned char> addedBandsChunk();
+
+class ArdourSessionTest : public testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+    std::string path(const std::string& name) const { return root_ + "/" + name; }
+    // A new session `name` (folder and snapshot) with Ombro on the stereo track "Ombro".
+    void createSession(const std::string& name);
+    // Opens the session and returns the plug-in's parameter values; with
+    // `saveAs` Ardour saves it again under that snapshot name.
+    std::vector<float> reopenSession(const std::string& name, const std::string& snapshot,
+                                     const std::string& saveAs = "");
 
     std::string root_;
-    std::string pluginFolder_;
-    EnvironmentChanges environment_;
-    std::string setUpLog_;
-    bool ready_ = false;
 };

@@ -1,8 +1,8 @@
 // What a plain host sees of the bridge: the equalizer's identity, both
-// processing entries, the dispatcher's answers passed through, and no
-// private request ever reaching the host.
+// processing entries, the dispatcher's answers passed through, the editor's
+// size, and no private request ever reaching the host.
 #include "contracts/host_extensions.h"
-#include "tests/bridge/bridge_fixture.h"
+#include "tests/bridge/plain_host.h"
 
 namespace {
 
@@ -18,16 +18,17 @@ TEST_F(BridgeInstanceTest, PresentsTheEqualizerWithBothProcessingEntries) {
     EXPECT_EQ(effect()->numParams, kDefaultParameterCount);
     EXPECT_NE(effect()->processReplacing, nullptr);
     EXPECT_NE(effect()->processDoubleReplacing, nullptr);
+    ERect* rect = nullptr;
+    ASSERT_EQ(hosted_->dispatch(effEditGetRect, 0, 0, &rect), 1);
+    EXPECT_EQ(rect->right - rect->left, 1020);
+    EXPECT_EQ(rect->bottom - rect->top, 640);
+    for (const PlainHostCall& call : plainHostCalls()) EXPECT_NE(call.opcode, kHostExtensionOpcode);
 }
 
 TEST_F(BridgeInstanceTest, PassesDispatcherRequestsThrough) {
-    struct Case {
-        int32_t opcode;
-        const char* expected;
-    };
-    for (Case c : {Case{effGetEffectName, "Ombro"}, Case{effGetVendorString, "Pellix"},
-                   Case{effGetProductString, "Ombro"}, Case{effGetProgramName, ""}})
-        EXPECT_EQ(hosted_->text(c.opcode), c.expected) << c.opcode;
+    for (auto [opcode, expected] : {std::pair{effGetEffectName, "Ombro"}, {effGetVendorString, "Pellix"},
+                                    {effGetProductString, "Ombro"}, {effGetProgramName, ""}})
+        EXPECT_EQ(hosted_->text(opcode), expected) << opcode;
     char extensions[] = "hasPellixExtensions";
     char events[] = "receiveVstEvents";
     EXPECT_EQ(hosted_->dispatch(effCanDo, 0, 0, extensions), kPrivateCanDoAnswer);
@@ -36,17 +37,6 @@ TEST_F(BridgeInstanceTest, PassesDispatcherRequestsThrough) {
     EXPECT_EQ(hosted_->dispatch(effIdentify), 0x4E764566);
     EXPECT_EQ(hosted_->dispatch(effCanBeAutomated, kDefaultParameterCount - 1), 1);
     EXPECT_EQ(hosted_->dispatch(effCanBeAutomated, kDefaultParameterCount), 0);
-}
-
-TEST_F(BridgeInstanceTest, AnswersExtensionRequestsItselfAndReportsTheEditorSize) {
-    for (const PlainHostCall& call : unattributedPlainHostCalls())
-        EXPECT_NE(call.opcode, kHostExtensionOpcode);
-    EXPECT_TRUE(hosted_->callsWithOpcode(kHostExtensionOpcode).empty());
-    ERect* rect = nullptr;
-    ASSERT_EQ(hosted_->dispatch(effEditGetRect, 0, 0, &rect), 1);
-    ASSERT_NE(rect, nullptr);
-    EXPECT_EQ(rect->right - rect->left, 1020);
-    EXPECT_EQ(rect->bottom - rect->top, 640);
 }
 
 }  // namespace

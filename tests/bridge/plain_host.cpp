@@ -1,82 +1,70 @@
 #include "tests/bridge/plain_host.h"
 
 #include <dlfcn.h>
-#include <gtest/gtest.h>
 
-#include <algorithm>
-#include <map>
+#include <mutex>
 
 namespace {
 
-constexpr intptr_t kHostVstVersion = 2400;
-
 std::mutex callsMutex;
 std::vector<PlainHostCall> recordedCalls;
-std::map<AEffect*, int32_t> blockSizes;
 
-intptr_t answer(AEffect* effect, int32_t opcode) {
+intptr_t plainHostCallback(AEffect* effect, int32_t opcode, int32_t index, intptr_t value, void*, float opt) {
+    std::lock_guard lock(callsMutex);
+    recordedCalls.push_back({effect, opcode, index, value, opt});
     switch (opcode) {
-        case audioMasterVersion: return kHostVstVersion;
-        case audioMasterGetSampleRate: return static_cast<intptr_t>(HostedEffect::kSampleRate);
-        case audioMasterGetBlockSize: {
-            auto found = blockSizes.find(effect);
-            return found == blockSizes.end() ? HostedEffect::kBlockSize : found->second;
-        }
+        case audioMasterVersion: return 2400;
+        case audioMasterGetSampleRate: return 48000;
+        case audioMasterGetBlockSize: return HostedEffect::kBlockSize;
         default: return 0;
     }
 }
 
-}  // namespace
-
-intptr_t plainHostCallback(AEffect* effect, int32_t opcode, int32_t index, intptr_t value,
-                           void* /*ptr*/, float opt) {
+AEffect* newInstance(const LoadedPlugin& plugin) {
+    auto main = reinterpret_cast<VstPluginMainProc>(plugin.handle ? dlsym(plugin.handle, "VSTPluginMain") : nullptr);
+    AEffect* effect = main ? main(plainHostCallback) : nullptr;
     std::lock_guard lock(callsMutex);
-    recordedCalls.push_back({effect, opcode, index, value, opt});
-    return answer(effect, opcode);
+    // An earlier instance may have lived at the same address.
+    std::erase_if(recordedCalls, [effect](const PlainHostCall& call) { return call.effect == effect; });
+    return effect;
 }
 
-LoadedPlugin::LoadedPlugin(const std::string& path) {
-    handle_ = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    EXPECT_NE(handle_, nullptr) << dlerror();
-    if (!handle_) return;
-    main_ = reinterpret_cast<VstPluginMainProc>(dlsym(handle_, "VSTPluginMain"));
-    EXPECT_NE(main_, nullptr) << path << " has no VSTPluginMain";
+}  // namespace
+
+std::vector<PlainHostCall> plainHostCalls() {
+    std::lock_guard lock(callsMutex);
+    return recordedCalls;
+}
+
+LoadedPlugin::LoadedPlugin(const std::string& path) : handle(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+    EXPECT_NE(handle, nullptr) << dlerror();
 }
 
 LoadedPlugin::~LoadedPlugin() {
-    if (handle_) dlclose(handle_);
+    if (handle) dlclose(handle);
 }
 
-std::unique_ptr<HostedEffect> HostedEffect::open(const LoadedPlugin& plugin, int32_t blockSize) {
-    if (!plugin.loaded()) return nullptr;
-    AEffect* effect = plugin.main()(plainHostCallback);
-    if (!effect) return nullptr;
-    {
-        std::lock_guard lock(callsMutex);
-        // An earlier instance may have lived at the same address.
-        std::erase_if(recordedCalls, [effect](const PlainHostCall& call) { return call.effect == effect; });
-        blockSizes[effect] = blockSize;
-    }
-    std::unique_ptr<HostedEffect> hosted(new HostedEffect(effect));
-    hosted->dispatch(effOpen);
-    hosted->dispatch(effSetSampleRate, 0, 0, nullptr, kSampleRate);
-    hosted->dispatch(effSetBlockSize, 0, blockSize);
-    hosted->dispatch(effMainsChanged, 0, 1);
-    return hosted;
+LoadedPlugin& builtBridge() {
+    static LoadedPlugin bridge(OMBRO_BRIDGE_DIR "/Ombro.so");
+    return bridge;
 }
 
-HostedEffect::~HostedEffect() { close(); }
-
-intptr_t HostedEffect::dispatch(int32_t opcode, int32_t index, intptr_t value, void* ptr,
-                                float opt) {
-    return effect_->dispatcher(effect_, opcode, index, value, ptr, opt);
+HostedEffect::HostedEffect(const LoadedPlugin& plugin) : effect(newInstance(plugin)) {
+    if (!effect) return;
+    dispatch(effOpen);
+    dispatch(effSetSampleRate, 0, 0, nullptr, 48000.0f);
+    dispatch(effSetBlockSize, 0, kBlockSize);
+    dispatch(effMainsChanged, 0, 1);
 }
 
-void HostedEffect::close() {
-    if (!effect_) return;
+HostedEffect::~HostedEffect() {
+    if (!effect) return;
     dispatch(effMainsChanged, 0, 0);
     dispatch(effClose);
-    effect_ = nullptr;
+}
+
+intptr_t HostedEffect::dispatch(int32_t opcode, int32_t index, intptr_t value, void* ptr, float opt) {
+    return effect->dispatcher(effect, opcode, index, value, ptr, opt);
 }
 
 std::string HostedEffect::text(int32_t opcode, int32_t index) {
@@ -89,40 +77,22 @@ std::vector<uint8_t> HostedEffect::chunk() {
     void* data = nullptr;
     intptr_t size = dispatch(effGetChunk, 0, 0, &data);
     if (size <= 0 || !data) return {};
-    const auto* bytes = static_cast<const uint8_t*>(data);
-    return {bytes, bytes + size};
+    return {static_cast<const uint8_t*>(data), static_cast<const uint8_t*>(data) + size};
 }
 
-void HostedEffect::setChunk(const std::vector<uint8_t>& chunk) {
-    std::vector<uint8_t> copy = chunk;
-    dispatch(effSetChunk, 0, static_cast<intptr_t>(copy.size()), copy.data());
+void HostedEffect::setChunk(std::vector<uint8_t> chunk) {
+    dispatch(effSetChunk, 0, static_cast<intptr_t>(chunk.size()), chunk.data());
 }
 
-std::vector<PlainHostCall> HostedEffect::calls() const {
-    std::lock_guard lock(callsMutex);
-    std::vector<PlainHostCall> mine;
-    for (const PlainHostCall& call : recordedCalls)
-        if (call.effect == effect_) mine.push_back(call);
+std::vector<PlainHostCall> HostedEffect::calls(std::optional<int32_t> opcode) const {
+    std::vector<PlainHostCall> mine = plainHostCalls();
+    std::erase_if(mine, [&](const PlainHostCall& call) {
+        return call.effect != effect || (opcode && call.opcode != *opcode);
+    });
     return mine;
-}
-
-std::vector<PlainHostCall> HostedEffect::callsWithOpcode(int32_t opcode) const {
-    std::vector<PlainHostCall> all = calls();
-    std::vector<PlainHostCall> matching;
-    std::copy_if(all.begin(), all.end(), std::back_inserter(matching),
-                 [opcode](const PlainHostCall& call) { return call.opcode == opcode; });
-    return matching;
 }
 
 void HostedEffect::clearCalls() {
     std::lock_guard lock(callsMutex);
-    std::erase_if(recordedCalls, [this](const PlainHostCall& call) { return call.effect == effect_; });
-}
-
-std::vector<PlainHostCall> unattributedPlainHostCalls() {
-    std::lock_guard lock(callsMutex);
-    std::vector<PlainHostCall> unattributed;
-    for (const PlainHostCall& call : recordedCalls)
-        if (!blockSizes.count(call.effect)) unattributed.push_back(call);
-    return unattributed;
+    std::erase_if(recordedCalls, [this](const PlainHostCall& call) { return call.effect == effect; });
 }

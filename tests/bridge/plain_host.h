@@ -1,12 +1,13 @@
-// A plain VST 2 host as a digital audio workstation is one: it loads a
-// plug-in's shared object with RTLD_LOCAL, offers no extension functions and
-// no windowing layer, answers audioMasterVersion (and the block size and
-// sample rate it announced), and records every call the plug-in makes into it.
+// A plain VST 2 host as a digital audio workstation is one: it loads the
+// bridge's shared object with RTLD_LOCAL, offers no extension functions and
+// no windowing layer, answers only the host version, sample rate and block
+// size, and records every call the plug-in makes into it.
 #pragma once
 
-#include <cstdint>
+#include <gtest/gtest.h>
+
 #include <memory>
-#include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,67 +15,54 @@
 
 struct PlainHostCall {
     AEffect* effect;
-    int32_t opcode;
-    int32_t index;
+    int32_t opcode, index;
     intptr_t value;
     float opt;
 };
 
-// The shared object, opened RTLD_NOW | RTLD_LOCAL.
-class LoadedPlugin {
-public:
-    explicit LoadedPlugin(const std::string& path);  // fails the test when it cannot load
-    ~LoadedPlugin();                                 // dlclose
-    LoadedPlugin(const LoadedPlugin&) = delete;
-    LoadedPlugin& operator=(const LoadedPlugin&) = delete;
+// Every call recorded, whatever effect it named.
+std::vector<PlainHostCall> plainHostCalls();
 
-    bool loaded() const { return main_ != nullptr; }
-    VstPluginMainProc main() const { return main_; }
-    void* handle() const { return handle_; }
-
-private:
-    void* handle_ = nullptr;
-    VstPluginMainProc main_ = nullptr;
+// The shared object, opened RTLD_NOW | RTLD_LOCAL (a failure when it cannot be).
+struct LoadedPlugin {
+    explicit LoadedPlugin(const std::string& path);
+    ~LoadedPlugin();
+    void* handle = nullptr;
 };
 
-// One instance of the plug-in in the plain host.
-class HostedEffect {
-public:
+// The build's bridge (Ombro.so beside the core), loaded once per test
+// process and kept, as a host keeps its plug-ins.
+LoadedPlugin& builtBridge();
+
+// One instance: opened, told the sample rate and block size, switched on;
+// switched off and closed on destruction. `effect` is null when the plug-in
+// gave no instance.
+struct HostedEffect {
     static constexpr int32_t kBlockSize = 256;
-    static constexpr float kSampleRate = 48000.0f;
 
-    // VSTPluginMain, effOpen, sample rate, block size, switched on. Null when
-    // the plug-in gives no AEffect.
-    static std::unique_ptr<HostedEffect> open(const LoadedPlugin& plugin,
-                                              int32_t blockSize = kBlockSize);
-    ~HostedEffect();  // effClose unless closed already
-    HostedEffect(const HostedEffect&) = delete;
-    HostedEffect& operator=(const HostedEffect&) = delete;
-
-    AEffect* effect() const { return effect_; }
+    explicit HostedEffect(const LoadedPlugin& plugin);
+    ~HostedEffect();
     intptr_t dispatch(int32_t opcode, int32_t index = 0, intptr_t value = 0, void* ptr = nullptr,
                       float opt = 0.0f);
-    void close();
-
     std::string text(int32_t opcode, int32_t index = 0);  // effGetParamName and friends
     std::vector<uint8_t> chunk();
-    void setChunk(const std::vector<uint8_t>& chunk);
-    void setParameter(int32_t index, float value) { effect_->setParameter(effect_, index, value); }
-    float parameter(int32_t index) { return effect_->getParameter(effect_, index); }
-
-    // The calls the plug-in made for this instance, in order; and clearing them.
-    std::vector<PlainHostCall> calls() const;
-    std::vector<PlainHostCall> callsWithOpcode(int32_t opcode) const;
+    void setChunk(std::vector<uint8_t> chunk);
+    void setParameter(int32_t index, float value) { effect->setParameter(effect, index, value); }
+    float parameter(int32_t index) { return effect->getParameter(effect, index); }
+    // This instance's calls into the host, in order, all or of one opcode.
+    std::vector<PlainHostCall> calls(std::optional<int32_t> opcode = {}) const;
     void clearCalls();
 
-private:
-    explicit HostedEffect(AEffect* effect) : effect_(effect) {}
-    AEffect* effect_;
+    AEffect* const effect;
 };
 
-// Calls the plug-in made with a null effect or an effect the host does not know.
-std::vector<PlainHostCall> unattributedPlainHostCalls();
+// A test with one freshly opened instance of the built bridge.
+class BridgeInstanceTest : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_NE(hosted_->effect, nullptr); }
+    AEffect* effect() const { return hosted_->effect; }
+    std::unique_ptr<HostedEffect> hosted_ = std::make_unique<HostedEffect>(builtBridge());
+};
 
-// The callback itself, for tests that call VSTPluginMain directly.
-intptr_t plainHostCallback(AEffect* effect, int32_t opcode, int32_t index, intptr_t value,
-                           void* ptr, float opt);
+// The default band set has four bands.
+constexpr int32_t kDefaultParameterCount = 12;

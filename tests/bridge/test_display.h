@@ -1,41 +1,37 @@
-// An X server of the test's own: Xvfb started on a free display number for
-// the life of the test process, DISPLAY pointing at it. Tests that need a
-// display skip when Xvfb is not installed.
+// An X server of the test's own (Xvfb on a free display number for the life
+// of the test process; tests that need a display skip when Xvfb is not
+// installed), a window on it standing for a host's editor frame, and the
+// pixels and pointer actions tests look and act with.
 #pragma once
 
 #include <X11/Xlib.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 // The display's name (":N"), or empty when no server could be started.
 const std::string& testDisplayName();
 
-// A connection of the test's own and a top-level window on it, standing for
-// the host's editor frame.
-class HostFrame {
-public:
-    HostFrame(int width, int height);  // maps the window and waits until it shows
-    ~HostFrame();
-    HostFrame(const HostFrame&) = delete;
-    HostFrame& operator=(const HostFrame&) = delete;
-
-    Display* display() const { return display_; }
-    Window window() const { return window_; }
-    // The one child window the plug-in put into the frame, or 0.
-    Window pluginWindow() const;
-    // The frame's pixels as 0xRRGGBB, row by row.
-    std::vector<uint32_t> pixels(int& width, int& height) const;
-
-    // Pointer actions through XTest, at points of the frame.
-    void movePointer(int x, int y) const;
-    void pressButton(int button, bool down) const;
-
-private:
-    Display* display_ = nullptr;
-    Window window_ = 0;
-};
-
-// Writes 0xRRGGBB pixels as a PNG file (for looking at a failure).
+std::vector<Window> childWindows(Display* display, Window window);
+// The pixels of an area of the window as 0xRRGGBB, row by row.
+std::vector<uint32_t> windowPixels(Display* display, Window window, int x, int y, int width,
+                                   int height);
+// The pointer through XTest: moved to a point of the window, button 1 pressed or released.
+void movePointer(Display* display, Window window, int x, int y);
+void pressButton(Display* display, bool down);
+// Writes 0xRRGGBB pixels as a PNG file.
 void savePicture(const std::vector<uint32_t>& pixels, int width, int height,
-                 const std::string& path);
+                 const std::string& name);
+
+// A connection of the test's own and a mapped top-level window on it,
+// `left` pixels from the screen's left edge.
+struct HostFrame {
+    HostFrame(int width, int height, int left = 0);
+    ~HostFrame();
+    std::vector<uint32_t> pixels() const { return windowPixels(display, window, 0, 0, width, height); }
+
+    const int width, height;
+    Display* display = nullptr;
+    Window window = 0;
+};

@@ -1,7 +1,7 @@
--- Usage: create_session.lua FOLDER SNAPSHOT PLUGIN [INDEX=VALUE ...]
+-- Usage: create_session.lua FOLDER SNAPSHOT PLUGIN
 -- A 48 kHz session on the dummy backend with one stereo track named "Ombro"
 -- holding the Linux VST plug-in PLUGIN (found by name in the scanned cache),
--- its parameters set to the normalized values given, saved and closed.
+-- saved and closed.
 ARDOUR.config():set_hide_dummy_backend(false)
 local folder, snapshot, plugin_name = arg[1], arg[2], arg[3]
 assert(create_session(folder, snapshot, 48000), "cannot create the session")
@@ -25,13 +25,6 @@ end
 local plugin = ARDOUR.LuaAPI.new_plugin(Session, plugin_name, ARDOUR.PluginType.LXVST, "")
 assert(not plugin:isnil(), "plug-in not found: " .. plugin_name)
 assert(track:add_processor_by_index(plugin, 0, nil, true) == 0, "cannot insert the plug-in")
-
-for i = 4, #arg do
-    local index, value = string.match(arg[i], "^(%d+)=([%d.eE+-]+)$")
-    assert(index, "bad parameter setting: " .. arg[i])
-    assert(ARDOUR.LuaAPI.set_processor_param(plugin, tonumber(index), tonumber(value)),
-        "cannot set parameter " .. index)
-end
 
 assert(Session:save_state("", false, false, false, false, false) == 0, "cannot save")
 print("created " .. snapshot)

@@ -20,7 +20,7 @@ for i = 0, count - 1 do
     print(string.format("parameter %d %.9g", i, value))
 end
 
-if save_as then
+if save_as and save_as ~= "" then
     assert(Session:save_state(save_as, false, false, false, false, false) == 0, "cannot save")
     print("saved " .. save_as)
 end

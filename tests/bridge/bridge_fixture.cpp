@@ -1,8 +1,0 @@
-#include "tests/bridge/bridge_fixture.h"
-
-#include "tests/bridge/install_folder.h"
-
-LoadedPlugin& builtBridge() {
-    static LoadedPlugin bridge(bridgePathIn(builtBridgeFolder()));
-    return bridge;
-}
