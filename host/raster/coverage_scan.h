@@ -1,9 +1,9 @@
-// The antialiased coverage of a polygon exactly as Cairo's default scan
-// converter computes it: 15 sample rows per pixel with exact horizontal
-// areas on each, the non-zero winding rule, whole pixel rows stepped at
-// once where no edge starts, ends or crosses another, and areas mapped to
-// 0..255 the same way. Used for the segments of segment_raster.h, whose
-// outlines are small, so the polygon's whole extent is scanned (no clip).
+// The antialiased coverage of a small polygon exactly as Cairo's default
+// scan converter computes it: 15 sample rows per pixel with exact horizontal
+// positions on each, the non-zero winding rule, a pixel row taken whole with
+// exact areas where no edge starts, ends or crosses another in it, and areas
+// mapped to 0..255 the same way. For the segments of segment_raster.h, whose
+// outline is scanned over its whole extent (no clip).
 #pragma once
 
 #include <cstdint>
@@ -17,6 +17,7 @@ struct CoverageMask {
     std::vector<uint8_t> alpha;
 };
 
-// False, with the mask unspecified, if the polygon is too large for the
-// scan's fixed tables.
+// False, with the mask unspecified, where the result would depend on what this
+// scan does not follow (the order Cairo's edge list keeps edges that meet on
+// one cell at the start of a row taken whole, rows of vertical edges only).
 bool scanCoverage(const SegmentOutline& outline, CoverageMask& mask);

@@ -162,9 +162,9 @@ int32_t fixedFromDouble(double value) {
     return static_cast<int32_t>(static_cast<uint32_t>(bits));
 }
 
-bool roundCappedOutline(double x1, double y1, double x2, double y2, SegmentOutline& outline) {
-    const Point start{fixedFromDouble(x1), fixedFromDouble(y1)};
-    const Point end{fixedFromDouble(x2), fixedFromDouble(y2)};
+bool roundCappedOutline(int32_t x1, int32_t y1, int32_t x2, int32_t y2, SegmentOutline& outline) {
+    const Point start{x1, y1};
+    const Point end{x2, y2};
     if (start.x == end.x && start.y == end.y) return false;
     const Slope along = slopeBetween(start, end);
     const Slope back{-along.dx, -along.dy};

@@ -24,7 +24,7 @@ struct SegmentOutline {
 // 24.8 fixed point from a double, rounding halves to even as Cairo does.
 int32_t fixedFromDouble(double value);
 
-// The outline of the stroke from (x1, y1) to (x2, y2), coordinates already in
-// device pixels. False when the two ends fall on the same fixed-point
-// position (Cairo draws a dot for those: not supported here).
-bool roundCappedOutline(double x1, double y1, double x2, double y2, SegmentOutline& outline);
+// The outline of the stroke from (x1, y1) to (x2, y2), in 24.8 fixed point.
+// False when the two ends are the same point (Cairo draws a dot for those:
+// not supported here).
+bool roundCappedOutline(int32_t x1, int32_t y1, int32_t x2, int32_t y2, SegmentOutline& outline);

@@ -6,8 +6,8 @@
 #include <cmath>
 
 #include "host/raster/canvas_bitmap.h"
-#include "host/raster/coverage_scan.h"
 #include "host/raster/mura_paint.h"
+#include "host/raster/segment_coverage.h"
 #include "host/raster/segment_outline.h"
 
 namespace {
@@ -94,10 +94,15 @@ bool strokeSegmentExactly(CanvasBitmap* bitmap, double x1, double y1, double x2,
     const double opacity = replace ? 1.0 : clampedOpacity(alpha);
     const uint16_t opacityShort = colorShort(opacity);
     if (opacityShort <= 0x00ff) return !replace;  // nothing to draw over; a clear replace: Cairo
-    thread_local SegmentOutline outline;
+    // Ends at least a pixel inside, so that the stroke can only be whole.
+    const double right = bitmap->width() - 2.0, bottom = bitmap->height() - 2.0;
+    if (std::min(x1, x2) < 1.0 || std::min(y1, y2) < 1.0 || std::max(x1, x2) > right ||
+        std::max(y1, y2) > bottom)
+        return false;
     thread_local CoverageMask mask;
-    if (!roundCappedOutline(x1 + 0.5, y1 + 0.5, x2 + 0.5, y2 + 0.5, outline) ||
-        !scanCoverage(outline, mask) || !insideBitmap(mask, *bitmap))
+    if (!segmentCoverage(fixedFromDouble(x1 + 0.5), fixedFromDouble(y1 + 0.5),
+                         fixedFromDouble(x2 + 0.5), fixedFromDouble(y2 + 0.5), mask) ||
+        !insideBitmap(mask, *bitmap))
         return false;
     uint32_t* pixels = bitmap->pixels();  // flushes pending Cairo drawing first
     // Cairo composites differently into a surface it knows to be clear; such

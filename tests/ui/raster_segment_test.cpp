@@ -1,6 +1,7 @@
 // The curve segments written straight into the pixels against Cairo itself:
 // thousands of random antialiased one-pixel segments, drawn both ways onto
-// the same random background, must leave the very same bytes.
+// the same random background, must leave the very same bytes; shapes drawn
+// again elsewhere (their coverage remembered) too.
 #include <gtest/gtest.h>
 
 #include <cairo.h>
@@ -63,9 +64,14 @@ TEST(ExactSegmentStroke, LeavesTheBytesCairoLeavesForThousandsOfRandomSegments) 
                 MURA_FillRect(exact.get(), 0, band, kWidth, 24, shade, 1.0, kBlend);
                 MURA_FillRect(cairo.get(), 0, band, kWidth, 24, shade, 1.0, kBlend);
             }
+            double ends[4];
             for (int i = 0; i < 600; ++i) {
-                double ends[4];
-                randomSegment(random, ends);
+                if (i % 4 == 0) {  // the last shape again, whole pixels away
+                    const int dx = static_cast<int>(random() % 9) - 4, dy = static_cast<int>(random() % 41) - 20;
+                    for (int k = 0; k < 4; ++k) ends[k] += k % 2 == 0 ? dx : dy;
+                } else {
+                    randomSegment(random, ends);
+                }
                 const uint32_t color = random();
                 const double opacity = kOpacities[random() % std::size(kOpacities)];
                 strokeWithCairo(cairo.get(), ends, color, opacity, mode);
