@@ -28,15 +28,15 @@ void carry(QuoRem& value, int64_t dy) {
 }
 
 struct Edge {
-    int ytop, ybot;      // sample rows
-    int dir;             // +1 where the outline runs down the edge, -1 up
-    int heightLeft;      // sample rows still to scan
-    int cell;            // x rounded to the grid
-    QuoRem x;            // on the current sample row
-    QuoRem dxdy;         // per sample row
-    QuoRem dxdyFull;     // per pixel row
-    int64_t dy;          // 0 for vertical edges
-    int64_t halfDy;      // dy / 2: where x rounds up to the next cell
+    int ytop, ybot;   // sample rows
+    int dir;          // +1 where the outline runs down the edge, -1 up
+    int heightLeft;   // sample rows still to scan
+    int cell;         // x rounded to the grid
+    QuoRem x;         // on the current sample row
+    QuoRem dxdy;      // per sample row
+    QuoRem dxdyFull;  // per pixel row
+    int64_t dy;       // 0 for vertical edges
+    int64_t halfDy;   // dy / 2: where x rounds up to the next cell
 };
 
 int cellOf(const QuoRem& x, const Edge& edge) { return x.quo + (x.rem >= edge.halfDy); }
@@ -80,7 +80,8 @@ bool gridEdge(const OutlineEdge& input, Edge& e) {
         return true;
     }
     const int64_t ex = static_cast<int64_t>(input.bottomX - input.topX) * kGridX;
-    const int64_t ey = static_cast<int64_t>(input.bottomY - input.topY) * kGridY * (2 << kInputBits);
+    const int64_t ey =
+        static_cast<int64_t>(input.bottomY - input.topY) * kGridY * (2 << kInputBits);
     e.dxdy = {static_cast<int32_t>(ex * (2 << kInputBits) / ey), ex * (2 << kInputBits) % ey};
     int64_t t = static_cast<int64_t>(2 * e.ytop + 1) << kInputBits;
     t -= static_cast<int64_t>(input.topY) * kGridY * 2;
@@ -159,8 +160,8 @@ private:
     Edge edges_[SegmentOutline::kMaxEdges];
     Edge* byTop_[SegmentOutline::kMaxEdges];  // the edges by first sample row
     int edgeCount_ = 0;
-    int nextEdge_ = 0;                        // the first of those not yet reached
-    int nextTop_ = INT_MAX;                   // and its first sample row
+    int nextEdge_ = 0;       // the first of those not yet reached
+    int nextTop_ = INT_MAX;  // and its first sample row
     Edge* active_[SegmentOutline::kMaxEdges];
     int activeCount_ = 0;
     Cell* cellData_ = nullptr;
@@ -208,9 +209,10 @@ void EdgeScan::activateEdgesFrom(int y) {
 }
 
 void EdgeScan::dropFinishedEdges() {
-    activeCount_ = static_cast<int>(
-        std::remove_if(active_, active_ + activeCount_, [](const Edge* e) { return e->heightLeft == 0; }) -
-        active_);
+    activeCount_ =
+        static_cast<int>(std::remove_if(active_, active_ + activeCount_,
+                                        [](const Edge* e) { return e->heightLeft == 0; }) -
+                         active_);
 }
 
 // A pixel row is taken whole when no edge starts or ends inside it and none
@@ -232,7 +234,8 @@ EdgeScan::RowWay EdgeScan::wayThrough(int rowTop) {
     for (int i = 0; i < activeCount_; ++i) winding += active_[i]->dir;
     if (winding != 0) return RowWay::unknown;  // not a closed outline
     for (int i = 1; i < activeCount_; ++i)
-        if (cellAfterFullRow(*active_[i]) < cellAfterFullRow(*active_[i - 1])) return RowWay::sampled;
+        if (cellAfterFullRow(*active_[i]) < cellAfterFullRow(*active_[i - 1]))
+            return RowWay::sampled;
     return RowWay::whole;
 }
 
@@ -350,7 +353,8 @@ void EdgeScan::renderEdge(Edge& edge, int sign) {
 // Turns the row's cells into coverage bytes and clears them.
 void EdgeScan::blit(int row) {
     int16_t cover = 0;
-    for (int x = cellBase_; x < mask_.left; ++x) addTo(cover, cellData_[x - cellBase_].coveredHeight);
+    for (int x = cellBase_; x < mask_.left; ++x)
+        addTo(cover, cellData_[x - cellBase_].coveredHeight);
     cover = static_cast<int16_t>(cover * kGridX * 2);
     uint8_t* out = mask_.alpha.data() + static_cast<size_t>(row - mask_.top) * mask_.width;
     for (int x = mask_.left; x < mask_.left + mask_.width; ++x) {
@@ -372,9 +376,14 @@ bool EdgeScan::run() {
         if (row >= mask_.top + mask_.height) return false;
         activateEdgesStartingAt(rowTop);
         switch (wayThrough(rowTop)) {
-            case RowWay::whole: wholeRow(); break;
-            case RowWay::sampled: sampledRow(rowTop); break;
-            case RowWay::unknown: return false;
+            case RowWay::whole:
+                wholeRow();
+                break;
+            case RowWay::sampled:
+                sampledRow(rowTop);
+                break;
+            case RowWay::unknown:
+                return false;
         }
         if (!cellsInRange_) return false;
         blit(row);

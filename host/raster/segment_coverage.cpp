@@ -18,7 +18,7 @@ struct Entry {
     bool filled = false;
     bool scanned = false;  // false: the scan gave up on this shape
     Shape shape{};
-    CoverageMask mask;     // relative to the first end's pixel
+    CoverageMask mask;  // relative to the first end's pixel
 };
 
 // A few curves of a wide graph: sets of four entries, the oldest replaced.
@@ -49,9 +49,8 @@ const Entry& entryFor(const Shape& shape) {
     SegmentOutline outline;
     entry.filled = true;
     entry.shape = shape;
-    entry.scanned = roundCappedOutline(shape.fractionX, shape.fractionY,
-                                       shape.fractionX + shape.dx, shape.fractionY + shape.dy,
-                                       outline) &&
+    entry.scanned = roundCappedOutline(shape.fractionX, shape.fractionY, shape.fractionX + shape.dx,
+                                       shape.fractionY + shape.dy, outline) &&
                     scanCoverage(outline, entry.mask);
     return entry;
 }

@@ -85,8 +85,7 @@ void blendMask(const CoverageMask& mask, uint32_t* pixels, int rowSpan, uint32_t
 
 bool strokeSegmentExactly(CanvasBitmap* bitmap, double x1, double y1, double x2, double y2,
                           uint32_t color, double alpha, int mode) {
-    if (bitmap == nullptr || !bitmap->isOpaque() || bitmap->width() <= 0 ||
-        bitmap->height() <= 0)
+    if (bitmap == nullptr || !bitmap->isOpaque() || bitmap->width() <= 0 || bitmap->height() <= 0)
         return false;
     if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
         return false;
@@ -113,7 +112,7 @@ bool strokeSegmentExactly(CanvasBitmap* bitmap, double x1, double y1, double x2,
         blendMask(mask, pixels, bitmap->rowSpan(), source, lerpPixel);
     else
         blendMask(mask, pixels, bitmap->rowSpan(), source, overPixel);
-    cairo_surface_mark_dirty_rectangle(bitmap->canvas().surface(), mask.left, mask.top,
-                                       mask.width, mask.height);
+    cairo_surface_mark_dirty_rectangle(bitmap->canvas().surface(), mask.left, mask.top, mask.width,
+                                       mask.height);
     return true;
 }
