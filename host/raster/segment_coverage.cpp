@@ -39,10 +39,14 @@ size_t setOf(const Shape& shape) {
     return static_cast<size_t>(h >> 40) & (kSets - 1);
 }
 
-const Entry& entryFor(const Shape& shape) {
+// Long steep segments are not kept: their masks would hold far more memory
+// than the short ones a curve is mostly made of.
+constexpr size_t kLargestKept = 512;
+
+Entry& entryFor(const Shape& shape) {
     thread_local std::vector<Set> sets(kSets);
     Set& set = sets[setOf(shape)];
-    for (const Entry& entry : set.ways)
+    for (Entry& entry : set.ways)
         if (entry.filled && entry.shape == shape) return entry;
     Entry& entry = set.ways[set.oldest];
     set.oldest = (set.oldest + 1) % kWays;
@@ -55,16 +59,23 @@ const Entry& entryFor(const Shape& shape) {
     return entry;
 }
 
+void forgetIfLarge(Entry& entry) {
+    if (entry.mask.alpha.size() <= kLargestKept) return;
+    entry.filled = false;
+    std::vector<uint8_t>().swap(entry.mask.alpha);
+}
+
 }  // namespace
 
 bool segmentCoverage(int32_t x1, int32_t y1, int32_t x2, int32_t y2, CoverageMask& mask) {
     const Shape shape{x1 & 255, y1 & 255, x2 - x1, y2 - y1};
-    const Entry& entry = entryFor(shape);
+    Entry& entry = entryFor(shape);
     if (!entry.scanned) return false;
     mask.left = entry.mask.left + (x1 >> 8);
     mask.top = entry.mask.top + (y1 >> 8);
     mask.width = entry.mask.width;
     mask.height = entry.mask.height;
     mask.alpha.assign(entry.mask.alpha.begin(), entry.mask.alpha.end());
+    forgetIfLarge(entry);
     return true;
 }

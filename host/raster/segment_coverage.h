@@ -4,7 +4,9 @@
 // response and phase while only the spectra move): their segments are then
 // looked up instead of scanned again. Coverage depends only on the
 // segment's shape and where its first end lies within its pixel, so it is
-// kept relative to that pixel and serves the same shape anywhere.
+// kept relative to that pixel and serves the same shape anywhere. Up to
+// 16384 shapes per drawing thread, short ones only (a mask of at most 512
+// pixels).
 #pragma once
 
 #include <cstdint>
