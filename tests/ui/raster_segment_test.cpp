@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <cstring>
 #include <random>
 
@@ -85,6 +86,30 @@ TEST(ExactSegmentStroke, LeavesTheBytesCairoLeavesForThousandsOfRandomSegments) 
     }
     EXPECT_GT(drawnExactly, 3000);  // the test proves the exact path, not Cairo against itself
     EXPECT_GT(handedToCairo, 100);  // and the hand-over at the edges
+}
+
+TEST(ExactSegmentStroke, HandsCairoWhatItDoesNotReproduceAndDrawsNothingThen) {
+    struct Case {
+        const char* name;
+        int kind;
+        std::array<double, 4> ends;
+    };
+    const Case cases[] = {
+        {"bitmap with alpha", kAlphaBitmap, {10, 10.3, 11, 14.6}},
+        {"end on the edge column", kOpaqueBitmap, {0, 10.3, 1, 14.6}},
+        {"end within a pixel of the bottom", kOpaqueBitmap, {10, 46.5, 11, 30.2}},
+        {"not a number", kOpaqueBitmap, {10, std::nan(""), 11, 14.6}},
+        {"both ends at one point", kOpaqueBitmap, {10, 10.3, 10, 10.3}},
+    };
+    for (const Case& c : cases) {
+        BitmapPtr bitmap = makeBitmap(kWidth, 48, c.kind);
+        MURA_FillRect(bitmap.get(), 0, 0, kWidth, 48, 0xff204060, 1.0, kBlend);
+        const uint32_t before = pixelAt(bitmap.get(), 10, 12);
+        EXPECT_FALSE(strokeSegmentExactly(canvasBitmapOf(bitmap.get()), c.ends[0], c.ends[1],
+                                          c.ends[2], c.ends[3], 0xffffffff, 1.0, kBlend))
+            << c.name;
+        EXPECT_EQ(countPixelsOtherThan(bitmap.get(), before), 0) << c.name;
+    }
 }
 
 }  // namespace
