@@ -6,6 +6,7 @@
 #include "host/raster/mura_drawing.h"
 #include "host/raster/mura_paint.h"
 #include "host/raster/opaque_fill.h"
+#include "host/raster/segment_raster.h"
 
 namespace {
 
@@ -80,6 +81,9 @@ void MURA_LineInt(MuraBitmap* bitmap, int x1, int y1, int x2, int y2, uint32_t c
         fillOpaqueRect(canvasBitmapOf(bitmap), std::min(x1, x2), std::min(y1, y2),
                        std::abs(x2 - x1) + 1, std::abs(y2 - y1) + 1, color, alpha, mode))
         return;
+    if (antialias != 0 &&
+        strokeSegmentExactly(canvasBitmapOf(bitmap), x1, y1, x2, y2, color, alpha, mode))
+        return;
     MuraPaint paint(bitmap, color, alpha, mode, antialias != 0);
     if (!paint) return;
     if (antialias != 0) {
@@ -97,6 +101,7 @@ void MURA_Line(MuraBitmap* bitmap, float x1, float y1, float x2, float y2, uint3
                      color, alpha, mode, 0);
         return;
     }
+    if (strokeSegmentExactly(canvasBitmapOf(bitmap), x1, y1, x2, y2, color, alpha, mode)) return;
     MuraPaint paint(bitmap, color, alpha, mode, true);
     if (!paint) return;
     strokeBetweenCentres(paint.cr(), x1, y1, x2, y2);
