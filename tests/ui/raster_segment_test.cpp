@@ -108,7 +108,7 @@ TEST(ExactSegmentStroke, HandsCairoWhatItDoesNotReproduceAndDrawsNothingThen) {
         EXPECT_FALSE(strokeSegmentExactly(canvasBitmapOf(bitmap.get()), c.ends[0], c.ends[1],
                                           c.ends[2], c.ends[3], 0xffffffff, 1.0, kBlend))
             << c.name;
-        EXPECT_EQ(countPixelsOtherThan(bitmap.get(), before), 0) << c.name;
+        EXPECT_EQ(inkOf(bitmap.get(), before).count, 0) << c.name;
     }
 }
 
