@@ -112,13 +112,11 @@ TEST(AudioProcessing, TinyAndNonFiniteResultsAreFlushedToZero) {
     band->b0 = 1.0;  // a plain wire, so the flush rule alone decides
     band->b1 = band->b2 = band->a1 = band->a2 = 0.0;
     const double limit = std::ldexp(1.0, -54), nan = std::numeric_limits<double>::quiet_NaN();
-    std::vector<double> left = {limit, std::nextafter(limit, 0.0), -limit, 1e-310, -1e-300, 1.0,
-                                nan, -std::numeric_limits<double>::infinity()};
-    std::vector<double> right(left.size(), 0.25), outLeft(left.size()), outRight(left.size());
-    double* inputs[2] = {left.data(), right.data()};
-    double* outputs[2] = {outLeft.data(), outRight.data()};
-    processDoubleReplacing(&instance->effect, inputs, outputs, 8);
-    expectSameSamples(outLeft, {limit, 0.0, -limit, 0.0, 0.0, 1.0, 0.0, 0.0});
+    StereoBlock io(8);
+    io.in[0] = {limit, std::nextafter(limit, 0.0), -limit, 1e-310, -1e-300, 1.0, nan,
+                -std::numeric_limits<double>::infinity()};
+    io.process(instance.get());
+    expectSameSamples(io.out[0], {limit, 0.0, -limit, 0.0, 0.0, 1.0, 0.0, 0.0});
 }
 
 TEST(AudioProcessing, OutputGainRampsToItsTargetAndHoldsIt) {

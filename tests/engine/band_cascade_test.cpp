@@ -1,8 +1,6 @@
 // The block callback with the fast kernels against the band loop written out
-// plainly with the scalar kernel: random bands of every type (unknown codes,
-// unstable coefficients, odd histories), edits that start glides, blocks of
-// awkward lengths and signals laced with non-finite and tiny values, on every
-// instruction set this processor runs; outputs and records bit for bit.
+// plainly with the scalar kernel, on every instruction set this processor runs:
+// random bands, glides, awkward block lengths and laced signals, bit for bit.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -31,9 +29,8 @@ struct Random : std::mt19937_64 {
     }
 };
 
-// A quarter at unity gain (left out until they have run), one in eight off,
-// one in six with arbitrary coefficients whose output may overflow. Histories:
-// x anything a host sent, y only what survives the flush.
+// Some at unity gain, some off, some with arbitrary coefficients that may
+// overflow; histories x anything a host sent, y only what survives the flush.
 EqBand randomBand(Random& r) {
     constexpr int32_t kTypes[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 12, -2};
     EqBand* made = createDesignedBand(kTypes[r.pick(12)], r.logUniform(5, 30000),
@@ -55,8 +52,8 @@ EqBand randomBand(Random& r) {
     return band;
 }
 
-// Noise with NaNs, infinities, denormals, values around 2^-54, signed zeros
-// and huge values, and a stretch of silence in which histories decay.
+// Noise laced with non-finite, denormal, tiny and huge values, and a stretch
+// of silence in which histories decay.
 std::vector<double> laced(Random& r, int32_t frames) {
     std::vector<double> samples(frames);
     for (double& sample : samples)
@@ -127,11 +124,6 @@ std::vector<InstructionSet> runnableInstructionSets() {
     return sets;
 }
 
-std::string setName(const testing::TestParamInfo<InstructionSet>& info) {
-    constexpr const char* kNames[] = {"Sse2", "Avx2", "Avx512"};
-    return kNames[static_cast<int32_t>(info.param)];
-}
-
 class BandCascade : public testing::TestWithParam<InstructionSet> {
 protected:
     void SetUp() override { ASSERT_TRUE(useInstructionSet(GetParam())); }
@@ -159,7 +151,8 @@ TEST_P(BandCascade, BlocksMatchThePlainBandLoopThroughEditsAndGlides) {
         for (EqBand& band : plain) plainBands.push_back(&band);
         for (int32_t block = 0; block < 32; ++block) {
             const int32_t frames = kLengths[block % 16];
-            SCOPED_TRACE(testing::Message() << count << " bands, block " << block);
+            SCOPED_TRACE(testing::Message() << instructionSetName(GetParam()) << ", " << count
+                                            << " bands, block " << block);
             useShortRunShape(ShortRunShape(block % 2));  // one wide register or two narrow ones
             std::vector<double> left = laced(random, frames), right = laced(random, frames);
             std::vector<double> outLeft(frames, -3.0), outRight(frames, 7.0);
@@ -183,5 +176,4 @@ TEST_P(BandCascade, BlocksMatchThePlainBandLoopThroughEditsAndGlides) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryRunnableSet, BandCascade, testing::ValuesIn(runnableInstructionSets()),
-                         setName);
+INSTANTIATE_TEST_SUITE_P(EveryRunnableSet, BandCascade, testing::ValuesIn(runnableInstructionSets()));

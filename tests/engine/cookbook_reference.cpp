@@ -35,30 +35,29 @@ uint64_t bits(double value) { return std::bit_cast<uint64_t>(value); }
 
 }  // namespace
 
-ReferenceCoefficients referenceLowShelf(double sampleRate, double frequency, double gain,
-                                        double slope) {
+// The low shelf, and with `side` -1 the high shelf: the cookbook's two sets
+// differ only in the signs of the cosine terms.
+ReferenceCoefficients referenceShelf(double sampleRate, double frequency, double gain, double slope,
+                                     double side) {
     Angle w(sampleRate, frequency);
-    double A = std::sqrt(gain), c = w.c, alpha = shelfAlpha(w, A, slope);
+    double A = std::sqrt(gain), c = side * w.c, alpha = shelfAlpha(w, A, slope);
     double sqrtA = std::sqrt(A);
     return normalize((A + 1) + (A - 1) * c + 2 * sqrtA * alpha,
-                     -2 * ((A - 1) + (A + 1) * c),
+                     -2 * side * ((A - 1) + (A + 1) * c),
                      (A + 1) + (A - 1) * c - 2 * sqrtA * alpha,
                      A * ((A + 1) - (A - 1) * c + 2 * sqrtA * alpha),
-                     2 * A * ((A - 1) - (A + 1) * c),
+                     2 * side * A * ((A - 1) - (A + 1) * c),
                      A * ((A + 1) - (A - 1) * c - 2 * sqrtA * alpha));
+}
+
+ReferenceCoefficients referenceLowShelf(double sampleRate, double frequency, double gain,
+                                        double slope) {
+    return referenceShelf(sampleRate, frequency, gain, slope, 1.0);
 }
 
 ReferenceCoefficients referenceHighShelf(double sampleRate, double frequency, double gain,
                                          double slope) {
-    Angle w(sampleRate, frequency);
-    double A = std::sqrt(gain), c = w.c, alpha = shelfAlpha(w, A, slope);
-    double sqrtA = std::sqrt(A);
-    return normalize((A + 1) - (A - 1) * c + 2 * sqrtA * alpha,
-                     2 * ((A - 1) - (A + 1) * c),
-                     (A + 1) - (A - 1) * c - 2 * sqrtA * alpha,
-                     A * ((A + 1) + (A - 1) * c + 2 * sqrtA * alpha),
-                     -2 * A * ((A - 1) + (A + 1) * c),
-                     A * ((A + 1) + (A - 1) * c - 2 * sqrtA * alpha));
+    return referenceShelf(sampleRate, frequency, gain, slope, -1.0);
 }
 
 ReferenceCoefficients referencePeaking(double sampleRate, double frequency, double gain,

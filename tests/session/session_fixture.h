@@ -26,15 +26,6 @@ protected:
             if (call.opcode == opcode) matching.push_back(call);
         return matching;
     }
-    // The audioMasterAutomate, BeginEdit and EndEdit calls, in order.
-    std::vector<HostCall> gestureCalls() const {
-        std::vector<HostCall> matching;
-        for (const HostCall& call : session->hostCalls())
-            if (call.opcode == audioMasterAutomate || call.opcode == audioMasterBeginEdit ||
-                call.opcode == audioMasterEndEdit)
-                matching.push_back(call);
-        return matching;
-    }
     // Opcode and index of each call.
     static std::vector<std::pair<int32_t, int32_t>> opcodesOf(const std::vector<HostCall>& calls) {
         std::vector<std::pair<int32_t, int32_t>> pairs;

@@ -1,14 +1,17 @@
 // The editor in a whole host session: the stand-in host loads the shared
 // object, opens the editor in a window of its own and drives it with
 // injected input; the plug-in's notices arrive through the host callback.
-#include <string>
 #include <vector>
 
 #include "host/ui/dialog_items.h"
+#include "host/ui/host_clock.h"
+#include "host/ui/host_windows.h"
 #include "host/ui/input_injection.h"
+#include "host/ui/messages.h"
 #include "host/ui/tab_control.h"
 #include "host/ui/window_functions.h"
-#include "tests/session/editor_session_fixture.h"
+#include "host/ui/window_tree.h"
+#include "tests/session/session_fixture.h"
 
 namespace {
 
@@ -17,8 +20,24 @@ constexpr int kAddBand = 1018;
 constexpr int kRemoveBand = 1019;
 constexpr int kPanelGainEdit = 1020;
 
-class EditorSession : public EditorSessionTest {
+class EditorSession : public SessionTest {
 protected:
+    void SetUp() override {
+        SessionTest::SetUp();
+        kobal_layer::resetWindowingLayer();
+        kobal_layer::useTestClock(5000);
+        host = kobal_layer::createHostWindow("session", RECT{20, 20, 1020, 660});
+        ASSERT_TRUE(session->openEditor(host));
+        kobal_layer::pumpMessages();
+        ASSERT_EQ(kobal_layer::liveWindow(host)->children.size(), 1u);
+        editor = kobal_layer::liveWindow(host)->children[0];
+        session->clearHostCalls();
+    }
+    void TearDown() override {
+        session->closeEditor();
+        kobal_layer::resetWindowingLayer();
+        kobal_layer::useRealClock();
+    }
     HWND item(int id) const { return kobal_layer::GetDlgItem(editor, id); }
     int tabCount() const { return kobal_layer::TabCtrl_GetItemCount(item(kTabs)); }
     // The band panel is the editor's child dialog.
@@ -27,6 +46,9 @@ protected:
             if (kobal_layer::liveWindow(child)->isDialog) return kobal_layer::GetDlgItem(child, id);
         return nullptr;
     }
+
+    HWND host = nullptr;
+    HWND editor = nullptr;
 };
 
 TEST_F(EditorSession, EditorFillsTheHostWindowWithATabPerBand) {
@@ -41,15 +63,22 @@ TEST_F(EditorSession, EditorFillsTheHostWindowWithATabPerBand) {
     EXPECT_EQ(kobal_layer::liveWindow(editor), nullptr);
 }
 
-TEST_F(EditorSession, BandButtonsGrowAndShrinkTheHostParameterList) {
+// A typed gain is one gesture, closed before the band buttons grow and shrink
+// the host's parameter list.
+TEST_F(EditorSession, TypedGainAndBandButtonsReachTheHost) {
+    kobal_layer::typeIntoEdit(panelItem(kPanelGainEdit), "6");
     ASSERT_TRUE(kobal_layer::clickButton(item(kAddBand)));
+    const std::vector<HostCall> calls = session->hostCalls();
+    const std::vector<std::pair<int32_t, int32_t>> expected = {
+        {audioMasterBeginEdit, 1}, {audioMasterAutomate, 1},
+        {audioMasterAutomate, 1},  {audioMasterEndEdit, 1},
+        {audioMasterVendorSpecific, static_cast<int32_t>(0xDEADBEEF)}, {audioMasterAutomate, -1}};
+    ASSERT_EQ(opcodesOf(calls), expected);
+    EXPECT_EQ(calls[1].opt, 0.25f);  // the emptied box reads 0 dB
+    EXPECT_EQ(calls[2].opt, session->parameter(1));
+    expectListChange(calls[4], 12, 3);
     EXPECT_EQ(session->parameterCount(), 15);
     EXPECT_EQ(tabCount(), 5);
-    const std::vector<HostCall> calls = session->hostCalls();
-    ASSERT_EQ(calls.size(), 2u);
-    expectListChange(calls[0], 12, 3);
-    EXPECT_EQ(calls[1].opcode, audioMasterAutomate);
-    EXPECT_EQ(calls[1].index, -1);
     EXPECT_EQ(session->parameter(13), 0.25f);  // gain 1.0
     EXPECT_EQ(session->parameter(14), 0.5f);   // 2 octaves
 
@@ -60,32 +89,6 @@ TEST_F(EditorSession, BandButtonsGrowAndShrinkTheHostParameterList) {
     const std::vector<HostCall> removed = callsWith(audioMasterVendorSpecific);
     ASSERT_EQ(removed.size(), 1u);
     expectListChange(removed[0], 12, -3);
-}
-
-TEST_F(EditorSession, HostAutomationReachesThePanelOnTheNextPoll) {
-    HWND gain = panelItem(kPanelGainEdit);
-    kobal_layer::advanceTestClock(40);
-    kobal_layer::pumpMessages();
-    session->setParameter(1, 0.125f);  // band 0 gain 0.5
-    EXPECT_EQ(kobal_layer::liveWindow(gain)->text, "0.0");
-    kobal_layer::advanceTestClock(40);
-    kobal_layer::pumpMessages();
-    EXPECT_EQ(kobal_layer::liveWindow(gain)->text, "-6.0");
-    EXPECT_TRUE(session->hostCalls().empty());
-}
-
-TEST_F(EditorSession, TypedGainIsOneGestureWithTheParametersNormalizedValues) {
-    kobal_layer::typeIntoEdit(panelItem(kPanelGainEdit), "6");
-    kobal_layer::clickButton(item(kAddBand));
-    const std::vector<HostCall> calls = gestureCalls();
-    const std::vector<std::pair<int32_t, int32_t>> expected = {{audioMasterBeginEdit, 1},
-                                                               {audioMasterAutomate, 1},
-                                                               {audioMasterAutomate, 1},
-                                                               {audioMasterEndEdit, 1},
-                                                               {audioMasterAutomate, -1}};
-    ASSERT_EQ(opcodesOf(calls), expected);
-    EXPECT_EQ(calls[1].opt, 0.25f);  // the emptied box reads 0 dB
-    EXPECT_EQ(calls[2].opt, session->parameter(1));
 }
 
 }  // namespace
