@@ -2,7 +2,6 @@
 // rule, the output-gain ramp and the reset, against filters run in the test.
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -53,13 +52,6 @@ struct ReferenceBiquad {
         return out;
     }
 };
-
-void expectSameSamples(const std::vector<double>& actual, const std::vector<double>& expected) {
-    ASSERT_EQ(actual.size(), expected.size());
-    for (size_t i = 0; i < actual.size(); ++i)
-        ASSERT_EQ(std::bit_cast<uint64_t>(actual[i]), std::bit_cast<uint64_t>(expected[i]))
-            << "sample " << i;
-}
 
 }  // namespace
 

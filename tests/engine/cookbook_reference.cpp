@@ -92,6 +92,13 @@ void expectCoefficients(const EqBand& band, const ReferenceCoefficients& expecte
     EXPECT_EQ(bits(band.b2), bits(expected.b2)) << band.b2 << " vs " << expected.b2;
 }
 
+void expectSameSamples(const std::vector<double>& actual, const std::vector<double>& expected) {
+    ASSERT_EQ(actual.size(), expected.size());
+    for (size_t i = 0; i < actual.size(); ++i)
+        ASSERT_EQ(bits(actual[i]), bits(expected[i]))
+            << "sample " << i << ": " << actual[i] << " instead of " << expected[i];
+}
+
 double responseDb(const EqBand& band, double frequency) {
     std::complex<double> z = std::polar(1.0, -2 * kPi * frequency / band.sampleRate);
     std::complex<double> numerator = band.b0 + band.b1 * z + band.b2 * z * z;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "engine/eq_band.h"
 
@@ -28,3 +29,6 @@ void expectCoefficients(const EqBand& band, const ReferenceCoefficients& expecte
 
 // Magnitude response in dB at `frequency`.
 double responseDb(const EqBand& band, double frequency);
+
+// Compares two runs of samples bit for bit.
+void expectSameSamples(const std::vector<double>& actual, const std::vector<double>& expected);
