@@ -26,10 +26,6 @@ TEST_F(StateChunkSession, OlderLayoutLoadsWithLinearFrequencies) {
     EXPECT_EQ(saved.at<uint8_t>(8 + 32), 0);
     EXPECT_EQ(saved.at<double>(saved.size() - 20), 0.5);
     EXPECT_EQ(saved.at<int32_t>(saved.size() - 8), 800);
-    std::unique_ptr<EffectSession> other = EffectSession::open(library());  // reloads bit for bit
-    ASSERT_TRUE(other);
-    other->setChunk(saved.bytes);
-    EXPECT_EQ(other->chunk(), saved.bytes);
 }
 
 }  // namespace
