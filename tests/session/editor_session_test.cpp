@@ -9,7 +9,6 @@
 #include "host/ui/input_injection.h"
 #include "host/ui/messages.h"
 #include "host/ui/tab_control.h"
-#include "host/ui/window_functions.h"
 #include "host/ui/window_tree.h"
 #include "tests/session/session_fixture.h"
 

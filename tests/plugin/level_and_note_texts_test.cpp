@@ -1,4 +1,4 @@
-// The note names that every frequency display shows.
+// The helpers behind the texts of levels and notes that every display shows.
 #include <gtest/gtest.h>
 
 #include "plugin/host_imports.h"
@@ -21,4 +21,11 @@ TEST(NoteNames, OctavesChangeBetweenBAndCAndFollowTheHostOffset) {
         EXPECT_STREQ(text, c.text) << c.frequency;
     }
     midiOctaveOffset = nullptr;
+}
+
+TEST(AmplitudeToDecibels, FloorAndUnity) {
+    EXPECT_EQ(ampToDb(0.0), -150.0);
+    EXPECT_EQ(ampToDb(1e-9), -150.0);
+    EXPECT_EQ(ampToDb(1.0), 0.0);
+    EXPECT_NEAR(ampToDb(2.0), 6.0206, 1e-4);
 }
