@@ -5,8 +5,10 @@
 // records every notice.
 #pragma once
 
+#include <cairo.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,13 +17,13 @@
 #include "contracts/mura.h"
 #include "editor/editor_controls.h"
 #include "engine/eq_band.h"
+#include "host/ui/window_tree.h"
 #include "plugin/eq_instance.h"
 #include "plugin/ui_layer.h"
 
 void bindHostLayerOnce();
 RECT rectInParent(HWND window);  // in its parent's client coordinates
-std::string text(HWND window);
-bool isShown(HWND window);
+inline std::string text(HWND window) { return window->text; }
 
 struct HostNotice {
     int32_t opcode, index;
@@ -30,21 +32,17 @@ struct HostNotice {
     bool isListChange(int32_t first, int32_t delta) const {
         return listChange && listChange->first == first && listChange->delta == delta;
     }
-    bool isHostChanged() const { return opcode == audioMasterAutomate && index == -1; }
 };
 
+// The editor opened in a 1100 by 700 host window, the notices of the
+// opening forgotten.
 class EditorTest : public ::testing::Test {
 protected:
-    static constexpr int kHostWidth = 1100, kHostHeight = 700;
-
     void SetUp() override;
     void TearDown() override;
-    // Opens the editor in a host window of this client size and delivers the
-    // first sizing pass.
-    void openEditorIn(int width, int height);
-    // Opens the editor at the default size and gives the graph this client size.
-    void openView(int width, int height) {
-        openEditorIn(kHostWidth, kHostHeight);
+    // Resizes the host window and lets the editor follow.
+    void resizeHost(int width, int height);
+    void resizeGraph(int width, int height) {
         kobal::SetWindowPos(view, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
     }
     HWND editor() const { return instance->editorWindow.load(); }
@@ -65,7 +63,6 @@ protected:
     // Redesigns band `index` the way the editor does, under the lock.
     void setBand(int index, int32_t type, double frequency, double gain, double bandwidth,
                  bool enabled = true);
-    void silenceAllBands();
     // Both channels of `input` through processDoubleReplacing.
     void process(const std::vector<double>& input);
 
@@ -75,18 +72,14 @@ protected:
     int countPixels(uint32_t color, int left, int top, int right, int bottom) const;
     POINT screenPoint(int x, int y) const;
 
+    // Writes the host window's picture to the screenshot directory and reads
+    // it back; `at` is its colour at a client point of `window`.
+    void save(const char* name);
+    uint32_t at(HWND window, int x, int y) const;
+
     EqInstance* instance = nullptr;
     HWND hostWindow = nullptr;
     HWND view = nullptr;
-};
-
-// The editor already open in a host window of the default size, with the
-// notices of the opening cleared.
-class OpenEditorTest : public EditorTest {
-protected:
-    void SetUp() override {
-        EditorTest::SetUp();
-        if (!HasFatalFailure()) openEditorIn(kHostWidth, kHostHeight);
-        clearNotices();
-    }
+    std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)> image{nullptr,
+                                                                       cairo_surface_destroy};
 };

@@ -44,9 +44,10 @@ class ResponseViewTest : public EditorTest {
 protected:
     void SetUp() override {
         EditorTest::SetUp();
-        openView(600, 120);
+        resizeGraph(600, 120);
         instance->showGrid = 0;
-        silenceAllBands();
+        MutexLock lock(instance->mutex);
+        for (int i = 0; i < instance->bandCount(); ++i) instance->band(i)->enabled = 0;
     }
     EqBand designed(int32_t type, double frequency, double gain, double bandwidth) {
         setBand(2, type, frequency, gain, bandwidth);
@@ -80,10 +81,11 @@ protected:
 
 // Every column holds the band's response at its frequency, up to half the
 // sample rate (column 592); a narrow peak shows its full gain at its centre
-// column, a notch 120 dB deep.
-TEST_F(ResponseViewTest, ColumnsHoldTheResponseAtTheirFrequency) {
+// column, a notch 120 dB deep. The phase is the response's argument, kept
+// within -3/2 pi and pi/2.
+TEST_F(ResponseViewTest, ColumnsHoldTheResponseAndPhaseAtTheirFrequency) {
     const EqBand shelf = designed(HighShelf, 1000.0, 2.5, 1.0);
-    std::vector<double> magnitude;
+    std::vector<double> magnitude, phase;
     EXPECT_EQ(evaluate({BandCopy{shelf, true}}, magnitude), 592);
     for (int x = 0; x < 592; x += 7) {
         const double db = 20.0 * std::log10(std::abs(complexResponse(shelf, columnHz(x, 600))));
@@ -94,56 +96,50 @@ TEST_F(ResponseViewTest, ColumnsHoldTheResponseAtTheirFrequency) {
     EXPECT_LT(magnitude[284], 0.5 * magnitude[285]);
     evaluate({BandCopy{designed(Notch, 1000.0, 1.0, 1.0), true}}, magnitude);
     EXPECT_EQ(magnitude[285], columnValue(-120.0));
-}
-
-TEST_F(ResponseViewTest, PhaseIsTheArgumentOfTheResponseWithinThreeHalfPi) {
-    const EqBand band = designed(LowPass, 2000.0, 1.0, 1.0);
-    std::vector<double> magnitude, phase;
-    evaluate({BandCopy{band, true}}, magnitude, &phase);
+    const EqBand lowPass = designed(LowPass, 2000.0, 1.0, 1.0);
+    evaluate({BandCopy{lowPass, true}}, magnitude, &phase);
     for (int x : {50, 300, 400, 550}) {
-        SCOPED_TRACE(x);
-        const double argument = std::arg(complexResponse(band, columnHz(x, 600)));
-        EXPECT_GT(phase[x], -1.5 * std::numbers::pi);
-        EXPECT_LE(phase[x], 0.5 * std::numbers::pi);
-        EXPECT_NEAR(std::cos(phase[x]), std::cos(argument), 1e-9);
-        EXPECT_NEAR(std::sin(phase[x]), std::sin(argument), 1e-9);
+        const double argument = std::arg(complexResponse(lowPass, columnHz(x, 600)));
+        EXPECT_GT(phase[x], -1.5 * std::numbers::pi) << x;
+        EXPECT_LE(phase[x], 0.5 * std::numbers::pi) << x;
+        EXPECT_NEAR(std::cos(phase[x]), std::cos(argument), 1e-9) << x;
+        EXPECT_NEAR(std::sin(phase[x]), std::sin(argument), 1e-9) << x;
     }
 }
 
-// 1000 Hz is column 285 (285.63 truncated), 0 dB row 60.
-TEST_F(ResponseViewTest, SelectedBandIsARedDiscOrARedOutlineWhenDisabled) {
+// The selected band is a red disc, a red outline when disabled; other bands
+// are white, pass filters yellow. 1000 Hz is column 285 (285.63 truncated),
+// 0 dB row 60; 200 Hz is column 138, a pass filter's handle three quarters
+// down (row 90).
+TEST_F(ResponseViewTest, HandlesShowSelectionStateAndKind) {
+    setBand(1, LowPass, 200.0, 1.0, 1.0, false);
     setBand(2, Band, 1000.0, 1.0, 1.0);
     instance->selectedBand = 2;
     paint();
     EXPECT_GT(countPixels(kSelectedRed, 279, 54, 292, 67), 50);  // less its black number
+    EXPECT_GT(ringPixels(138, 90, 0xffffff00), 16);
+    EXPECT_EQ(pixel(138 - 3, 90 - 3), kBackground);
     setBand(2, Band, 1000.0, 1.0, 1.0, false);
     paint();
     EXPECT_EQ(countPixels(kSelectedRed, 270, 45, 300, 75), 0);
     EXPECT_EQ(pixel(285 - 3, 60 - 3), kBackground);  // hollow
     EXPECT_EQ(pixel(285 + 3, 60 + 3), kBackground);
     EXPECT_GT(ringPixels(285, 60, 0xffff0000), 16);
-}
-
-// A pass filter's handle sits three quarters down (row 90); 200 Hz is column 138.
-TEST_F(ResponseViewTest, OtherBandsAreWhiteAndPassFiltersYellow) {
-    setBand(1, Band, 1000.0, 1.0, 1.0);
-    setBand(2, LowPass, 200.0, 1.0, 1.0, false);
+    setBand(2, Band, 1000.0, 1.0, 1.0);
     instance->selectedBand = 0;
     paint();
     EXPECT_GT(countPixels(0xffffffff, 279, 54, 292, 67), 50);
-    EXPECT_GT(ringPixels(138, 90, 0xffffff00), 16);
-    EXPECT_EQ(pixel(138 - 3, 90 - 3), kBackground);
 }
 
 using SpectrumThroughTheHostFftTest = ResponseViewTest;
-using SpectrumDisplayTest = ResponseViewTest;
 
 // The whole path through the host's real FFT: a steady tone exactly at bin 9
 // of the 2048-point analysis (193.8 Hz at 44.1 kHz), amplitude 0.5, is drawn
 // with its level, 20 log10(0.5 / 2) = -12.04 dB (the window sums to 1), at
 // the column of its level entry (entry 8 holds bin 9, placed at 8 × 22050 /
 // 1024 Hz). Grid and bands are off, so the curve is the only thing above the
-// flat strip at the centre.
+// flat strip at the centre. No spectrum shows before the first block, nor a
+// second after the last.
 TEST_F(SpectrumThroughTheHostFftTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
     constexpr int kWidth = 1200, kHeight = 240, kBin = 9, kFrames = 4096;
     constexpr double kAmplitude = 0.5;
@@ -151,9 +147,12 @@ TEST_F(SpectrumThroughTheHostFftTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
     std::vector<double> tone(kFrames);
     for (int n = 0; n < kFrames; ++n)
         tone[n] = kAmplitude * std::cos(2.0 * 3.141592653589793 * kBin * n / 2048.0);
+    paint();
+    EXPECT_EQ(instance->spectrumDrawnTick, 0u);
     process(tone);
     paint();
-    ASSERT_NE(instance->spectrumDrawnTick, 0u);
+    const uint32_t tick = instance->spectrumDrawnTick;
+    ASSERT_NE(tick, 0u);
 
     const double entryHz = (kBin - 1) * static_cast<double>(static_cast<float>(22050.0 / 1024.0));
     const int column = static_cast<int>(std::log((entryHz - 20.0) / 59.95 + 1.0) /
@@ -174,23 +173,11 @@ TEST_F(SpectrumThroughTheHostFftTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
     EXPECT_NEAR((first + last) / 2, column, 2);
     // The curve bends between level points, so its top lies a little below the level.
     EXPECT_NEAR(-topRow / pixelsPerDb, expectedDb, 2.0);
-}
-
-TEST_F(SpectrumDisplayTest, SpectraShowForOneSecondAfterTheLastBlockAndNotWithoutAudio) {
-    paint();
-    EXPECT_EQ(instance->spectrumTick.load(), 0u);
-    EXPECT_EQ(instance->spectrumDrawnTick, 0u);
-    process(std::vector<double>(512, 0.0));
-    const uint32_t tick = instance->spectrumTick.load();
-    ASSERT_NE(tick, 0u);
-    paint();
-    EXPECT_EQ(instance->spectrumDrawnTick, tick);
     kobal_layer::advanceTestClock(999);
     paint();
-    EXPECT_EQ(instance->spectrumTick.load(), tick);
+    EXPECT_EQ(instance->spectrumDrawnTick, tick);
     kobal_layer::advanceTestClock(1);
     paint();
-    EXPECT_EQ(instance->spectrumTick.load(), 0u);
     EXPECT_EQ(instance->spectrumDrawnTick, 0u);
 }
 
@@ -246,29 +233,24 @@ struct HookedCall {
     void (*toggle)();
 };
 
-template <auto* Slot>
-constexpr HookedCall hooked(const char* name) {
-    return HookedCall{name, &StopInside<Slot>::toggle};
-}
-
 // Every raster and window call the paint makes.
 const HookedCall kPaintCalls[] = {
-    hooked<&hostExtensions.fillRect>("MURA_FillRect"),
-    hooked<&hostExtensions.lineInt>("MURA_LineInt"),
-    hooked<&hostExtensions.line>("MURA_Line"),
-    hooked<&hostExtensions.fillCircle>("MURA_FillCircle"),
-    hooked<&hostExtensions.circle>("MURA_Circle"),
-    hooked<&hostExtensions.borderedRect>("MURA_BorderedRect"),
-    hooked<&kobal::GetClientRect>("GetClientRect"),
-    hooked<&kobal::GetSysColor>("GetSysColor"),
-    hooked<&kobal::BitBlt>("BitBlt"),
-    hooked<&kobal::EndPaint>("EndPaint"),
+    {"MURA_FillRect", StopInside<&hostExtensions.fillRect>::toggle},
+    {"MURA_LineInt", StopInside<&hostExtensions.lineInt>::toggle},
+    {"MURA_Line", StopInside<&hostExtensions.line>::toggle},
+    {"MURA_FillCircle", StopInside<&hostExtensions.fillCircle>::toggle},
+    {"MURA_Circle", StopInside<&hostExtensions.circle>::toggle},
+    {"MURA_BorderedRect", StopInside<&hostExtensions.borderedRect>::toggle},
+    {"GetClientRect", StopInside<&kobal::GetClientRect>::toggle},
+    {"GetSysColor", StopInside<&kobal::GetSysColor>::toggle},
+    {"BitBlt", StopInside<&kobal::BitBlt>::toggle},
+    {"EndPaint", StopInside<&kobal::EndPaint>::toggle},
 };
 
 using ResponseViewAudioTest = EditorTest;
 
 TEST_F(ResponseViewAudioTest, AudioBlockRunsWhileThePaintIsStoppedInsideAnyDrawingCall) {
-    openView(600, 120);
+    resizeGraph(600, 120);
     setBand(1, Band, 1000.0, 2.0, 1.0, false);  // an outline as well as discs
     instance->viewFlags |= kViewShowPhase;
     instance->hoverBand = 2;  // the readout box
