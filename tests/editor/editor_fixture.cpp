@@ -1,5 +1,6 @@
 #include "tests/editor/editor_fixture.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <mutex>
 
@@ -83,10 +84,9 @@ std::vector<HostNotice> EditorTest::notices() const { return recordedNotices; }
 void EditorTest::clearNotices() { recordedNotices.clear(); }
 
 int EditorTest::countNotices(int32_t opcode, int32_t index) const {
-    int count = 0;
-    for (const HostNotice& notice : notices())
-        count += notice.opcode == opcode && notice.index == index;
-    return count;
+    return std::count_if(recordedNotices.begin(), recordedNotices.end(), [&](const HostNotice& n) {
+        return n.opcode == opcode && n.index == index;
+    });
 }
 
 std::vector<std::string> EditorTest::tabTexts() const {

@@ -21,6 +21,10 @@
 #include "plugin/eq_instance.h"
 #include "plugin/ui_layer.h"
 
+// ln(10) / 20 and its inverse: dB to the natural log of a gain and back.
+constexpr double kLogPerDb = 0.11512925464970228;
+constexpr double kDbPerLog = 8.685889638065037;
+
 void bindHostLayerOnce();
 RECT rectInParent(HWND window);  // in its parent's client coordinates
 inline std::string text(HWND window) { return window->text; }
@@ -40,7 +44,6 @@ class EditorTest : public ::testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
-    // Resizes the host window and lets the editor follow.
     void resizeHost(int width, int height);
     void resizeGraph(int width, int height) {
         kobal::SetWindowPos(view, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
@@ -50,7 +53,6 @@ protected:
     HWND control(int id) const { return kobal::GetDlgItem(editor(), id); }
     HWND panelControl(int id) const { return kobal::GetDlgItem(panel(), id); }
     void refresh() const;  // as the poll does after a change from outside
-    // Moves the test clock on and lets the pump deliver what is due.
     void advanceClock(uint32_t milliseconds);
 
     std::vector<HostNotice> notices() const;
@@ -63,7 +65,6 @@ protected:
     // Redesigns band `index` the way the editor does, under the lock.
     void setBand(int index, int32_t type, double frequency, double gain, double bandwidth,
                  bool enabled = true);
-    // Both channels of `input` through processDoubleReplacing.
     void process(const std::vector<double>& input);
 
     // The graph: painting and the pixels of its off-screen bitmap.

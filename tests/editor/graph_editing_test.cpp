@@ -1,8 +1,5 @@
-// Editing bands on the graph through the host's input injection: grabbing
-// and dragging handles (Shift: bandwidth; Control, Alt: one value finely),
-// the right-click menu, the readout of the band under the pointer, and what
-// the host hears of it all.
-
+// Editing bands on the graph through the host's input injection: dragging
+// handles, the right-click menu, the readout text, and what the host hears.
 #include <cmath>
 #include <utility>
 
@@ -17,9 +14,6 @@
 namespace {
 
 using kobal_layer::MouseButton;
-
-constexpr double kLogPerDb = 0.11512925464970228;
-constexpr double kDbPerLog = 8.685889638065037;
 
 // The axes of a 600 by 120 graph with the tabs shown (±12 dB), written out.
 double hzAt(int x) { return (std::exp(x / (600 * 0.16683457378359495)) - 1.0) * 59.95 + 20.0; }
@@ -128,9 +122,11 @@ TEST_F(GraphEditingTest, HitTestPrefersTheSelectionThenTheHigherIndexWithinSeven
     EXPECT_EQ(hit(285, 8), -1);
 }
 
-// The selected band 1, a low shelf, keeps its checks; "Add new band" puts
-// a bell where the user clicked.
-TEST_F(GraphEditingTest, RightClickOnEmptySpaceGraysTheBandItemsAndAddsThere) {
+// On empty space the band items are grey, yet the selected band 1 (a low
+// shelf) keeps its checks, and "Add new band" puts a bell where the user
+// clicked. On band 3 each command changes what it names and tells the host
+// once; "Delete band" also tells it of the shorter parameter list.
+TEST_F(GraphEditingTest, ContextMenuCommandsActWhereTheUserClicked) {
     instance->selectedBand = 0;
     choose(0, 100, 10);
     EXPECT_EQ(instance->selectedBand, 0);
@@ -147,12 +143,8 @@ TEST_F(GraphEditingTest, RightClickOnEmptySpaceGraysTheBandItemsAndAddsThere) {
     EXPECT_EQ(band(4).type, Band);
     EXPECT_EQ(band(4).frequency, hzAt(450));
     EXPECT_EQ(band(4).gain, ampAt(30));
-}
-
-// Each command on band 3 changes what it names and tells the host once;
-// "Delete band" also tells it of the shorter parameter list.
-TEST_F(GraphEditingTest, BandCommandsChangeTheBandUnderThePointer) {
     setBand(2, Band, 1000.0, 2.0, 1.5);  // handle at row 30
+    clearNotices();
     choose(kResetBandCommand, 285, 30);
     EXPECT_EQ(band(2).gain, 1.0);
     EXPECT_EQ(band(2).bandwidth, 1.5);
@@ -163,7 +155,7 @@ TEST_F(GraphEditingTest, BandCommandsChangeTheBandUnderThePointer) {
     EXPECT_EQ(notices().size(), 3u);
     EXPECT_EQ(countNotices(audioMasterAutomate, -1), 3);
     choose(kDeleteBandCommand, 285, 90);  // a pass filter's handle sits three quarters down
-    ASSERT_EQ(instance->bandCount(), 3);
+    ASSERT_EQ(instance->bandCount(), 4);
     EXPECT_EQ(band(2).type, HighShelf);
     EXPECT_TRUE(notices().at(3).isListChange(6, -3));
 }
@@ -175,7 +167,6 @@ TEST_F(GraphEditingTest, FlipAllBandsMirrorsGainsAroundZeroDecibels) {
     setBand(2, Band, 1000.0, 2.0, 1.5);
     setBand(3, HighShelf, 5000.0, 1e-9, 2.0);
     choose(kFlipAllBandsCommand, 100, 10);
-    EXPECT_EQ(band(0).gain, std::exp(-(std::log(plusSix) * kDbPerLog) * kLogPerDb));
     EXPECT_NEAR(band(0).gain, 1.0 / plusSix, 1e-12);
     EXPECT_NEAR(band(1).gain, 1000000.0, 1e-3);
     EXPECT_EQ(band(2).gain, 0.5);

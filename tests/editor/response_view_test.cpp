@@ -1,8 +1,6 @@
-// The graph: the response it evaluates per column against each band's
-// complex response, its phase, the pixels it paints, the live spectra
-// through the host's real FFT, and a paint that never holds up the audio
-// thread.
-
+// The graph: its columns against each band's complex response, the handles
+// it paints, spectra through the host's real FFT, and a paint that never
+// holds up the audio thread.
 #include <chrono>
 #include <cmath>
 #include <complex>
@@ -49,18 +47,14 @@ protected:
         MutexLock lock(instance->mutex);
         for (int i = 0; i < instance->bandCount(); ++i) instance->band(i)->enabled = 0;
     }
-    EqBand designed(int32_t type, double frequency, double gain, double bandwidth) {
+    // Designs band 3 so and evaluates it over the graph; answers the drawn width.
+    int evaluate(int32_t type, double frequency, double gain, double bandwidth) {
         setBand(2, type, frequency, gain, bandwidth);
-        return band(2);
-    }
-    // Evaluates these bands over the graph; answers the drawn width.
-    int evaluate(std::vector<BandCopy> bands, std::vector<double>& magnitude,
-                 std::vector<double>* phase = nullptr) {
+        const BandCopy copy{designed = band(2), true};
         magnitude.assign(600, 0.0);
-        if (phase) phase->assign(600, 0.0);
-        const GraphSnapshot snapshot{bands.data(), static_cast<int>(bands.size()), 0, -1};
-        return sumBandResponses(snapshot, graphAxes(*instance, 600, 120),
-                                {magnitude.data(), phase ? phase->data() : nullptr});
+        phase.assign(600, 0.0);
+        return sumBandResponses(GraphSnapshot{&copy, 1, 0, -1}, graphAxes(*instance, 600, 120),
+                                {magnitude.data(), phase.data()});
     }
     // Pixels close to `color` (each channel within 0x40, outlines are smoothed)
     // at 4.5 to 8 pixels from a handle's centre: its outline.
@@ -77,6 +71,8 @@ protected:
                 count += near(pixel(x, y), color) && std::hypot(x - centreX, y - centreY) > 4.5;
         return count;
     }
+    EqBand designed{};
+    std::vector<double> magnitude, phase;
 };
 
 // Every column holds the band's response at its frequency, up to half the
@@ -84,22 +80,19 @@ protected:
 // column, a notch 120 dB deep. The phase is the response's argument, kept
 // within -3/2 pi and pi/2.
 TEST_F(ResponseViewTest, ColumnsHoldTheResponseAndPhaseAtTheirFrequency) {
-    const EqBand shelf = designed(HighShelf, 1000.0, 2.5, 1.0);
-    std::vector<double> magnitude, phase;
-    EXPECT_EQ(evaluate({BandCopy{shelf, true}}, magnitude), 592);
+    EXPECT_EQ(evaluate(HighShelf, 1000.0, 2.5, 1.0), 592);
     for (int x = 0; x < 592; x += 7) {
-        const double db = 20.0 * std::log10(std::abs(complexResponse(shelf, columnHz(x, 600))));
+        const double db = 20.0 * std::log10(std::abs(complexResponse(designed, columnHz(x, 600))));
         EXPECT_NEAR(magnitude[x], columnValue(db), 1e-12) << x;
     }
-    evaluate({BandCopy{designed(Band, 1000.0, 4.0, 0.01), true}}, magnitude);
-    EXPECT_EQ(magnitude[285], columnValue(std::log(4.0) * 8.685889638065037));
+    evaluate(Band, 1000.0, 4.0, 0.01);
+    EXPECT_EQ(magnitude[285], columnValue(std::log(4.0) * kDbPerLog));
     EXPECT_LT(magnitude[284], 0.5 * magnitude[285]);
-    evaluate({BandCopy{designed(Notch, 1000.0, 1.0, 1.0), true}}, magnitude);
+    evaluate(Notch, 1000.0, 1.0, 1.0);
     EXPECT_EQ(magnitude[285], columnValue(-120.0));
-    const EqBand lowPass = designed(LowPass, 2000.0, 1.0, 1.0);
-    evaluate({BandCopy{lowPass, true}}, magnitude, &phase);
+    evaluate(LowPass, 2000.0, 1.0, 1.0);
     for (int x : {50, 300, 400, 550}) {
-        const double argument = std::arg(complexResponse(lowPass, columnHz(x, 600)));
+        const double argument = std::arg(complexResponse(designed, columnHz(x, 600)));
         EXPECT_GT(phase[x], -1.5 * std::numbers::pi) << x;
         EXPECT_LE(phase[x], 0.5 * std::numbers::pi) << x;
         EXPECT_NEAR(std::cos(phase[x]), std::cos(argument), 1e-9) << x;
@@ -182,29 +175,26 @@ TEST_F(SpectrumThroughTheHostFftTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
 }
 
 constexpr int kBlockFrames = 512;
-// Only guards against a test that would otherwise wait forever on the lock.
-constexpr auto kDeadlockGuard = std::chrono::seconds(20);
 
 // One stop per paint: the first hooked call runs an audio block on another
-// thread and waits for it before going on with the drawing.
+// thread and waits for it (20 s at most, so that a held lock fails the test
+// rather than hanging it) before going on with the drawing.
 struct AudioWhileStopped {
     EqInstance* instance = nullptr;
     bool stopped = false;
     bool blockFinished = false;
     std::future<void> block;  // joined after the paint, never inside it
-    std::vector<double> left = std::vector<double>(kBlockFrames, 0.25);
-    std::vector<double> right = std::vector<double>(kBlockFrames, -0.25);
+    std::vector<double> in = std::vector<double>(kBlockFrames, 0.25);
     std::vector<double> out = std::vector<double>(2 * kBlockFrames);
 
     void runBlockNow() {
-        if (stopped) return;
-        stopped = true;
+        if (std::exchange(stopped, true)) return;
         block = std::async(std::launch::async, [this] {
-            double* inputs[] = {left.data(), right.data()};
+            double* inputs[] = {in.data(), in.data()};
             double* outputs[] = {out.data(), out.data() + kBlockFrames};
             processDoubleReplacing(&instance->effect, inputs, outputs, kBlockFrames);
         });
-        blockFinished = block.wait_for(kDeadlockGuard) == std::future_status::ready;
+        blockFinished = block.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
     }
 };
 
@@ -228,13 +218,8 @@ struct StopInside<Slot, Result (*)(Arguments...)> {
     }
 };
 
-struct HookedCall {
-    const char* name;
-    void (*toggle)();
-};
-
 // Every raster and window call the paint makes.
-const HookedCall kPaintCalls[] = {
+const std::pair<const char*, void (*)()> kPaintCalls[] = {
     {"MURA_FillRect", StopInside<&hostExtensions.fillRect>::toggle},
     {"MURA_LineInt", StopInside<&hostExtensions.lineInt>::toggle},
     {"MURA_Line", StopInside<&hostExtensions.line>::toggle},
@@ -254,14 +239,14 @@ TEST_F(ResponseViewAudioTest, AudioBlockRunsWhileThePaintIsStoppedInsideAnyDrawi
     setBand(1, Band, 1000.0, 2.0, 1.0, false);  // an outline as well as discs
     instance->viewFlags |= kViewShowPhase;
     instance->hoverBand = 2;  // the readout box
-    for (const HookedCall& call : kPaintCalls) {
-        SCOPED_TRACE(call.name);
+    for (const auto& [name, toggleStop] : kPaintCalls) {
+        SCOPED_TRACE(name);
         audio = AudioWhileStopped{};
         audio.instance = instance;
-        call.toggle();
+        toggleStop();
         kobal::InvalidateRect(view, nullptr, 0);
         paint();
-        call.toggle();
+        toggleStop();
         ASSERT_TRUE(audio.stopped);
         audio.block.wait();
         EXPECT_TRUE(audio.blockFinished);
