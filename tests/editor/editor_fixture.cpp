@@ -111,11 +111,12 @@ void EditorTest::setBand(int index, int32_t type, double frequency, double gain,
     found->enabled = enabled ? 1 : 0;
 }
 
-void EditorTest::process(const std::vector<double>& input) {
+std::vector<double> EditorTest::process(const std::vector<double>& input) {
     std::vector<double> left = input, right = input, out(2 * input.size());
     double* inputs[] = {left.data(), right.data()};
     double* outputs[] = {out.data(), out.data() + input.size()};
     processDoubleReplacing(&instance->effect, inputs, outputs, static_cast<int>(input.size()));
+    return out;
 }
 
 uint32_t EditorTest::pixel(int x, int y) const {

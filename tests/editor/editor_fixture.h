@@ -1,8 +1,6 @@
-// An instance with its editor open in a host window of the stand-in
-// windowing layer, on the layer's test clock. The plug-in's kobal:: slots are
-// bound to the layer's functions, as loading the library would; the host
-// callback answers the extension requests from the host's own table and
-// records every notice.
+// An instance with its editor open in a host window of the stand-in windowing
+// layer, on its test clock; the plug-in's kobal:: slots bound to the layer, as
+// loading the library would; a host callback that records every notice.
 #pragma once
 
 #include <cairo.h>
@@ -38,8 +36,7 @@ struct HostNotice {
     }
 };
 
-// The editor opened in a 1100 by 700 host window, the notices of the
-// opening forgotten.
+// The editor opened in a 1100 by 700 host window, its opening's notices forgotten.
 class EditorTest : public ::testing::Test {
 protected:
     void SetUp() override;
@@ -65,7 +62,7 @@ protected:
     // Redesigns band `index` the way the editor does, under the lock.
     void setBand(int index, int32_t type, double frequency, double gain, double bandwidth,
                  bool enabled = true);
-    void process(const std::vector<double>& input);
+    std::vector<double> process(const std::vector<double>& input);  // both channels
 
     // The graph: painting and the pixels of its off-screen bitmap.
     void paint() const { kobal::SendMessage(view, WM_PAINT, 0, 0); }

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 #include <complex>
+#include <functional>
 #include <future>
 #include <numbers>
 #include <type_traits>
@@ -130,9 +131,8 @@ using SpectrumThroughTheHostFftTest = ResponseViewTest;
 // of the 2048-point analysis (193.8 Hz at 44.1 kHz), amplitude 0.5, is drawn
 // with its level, 20 log10(0.5 / 2) = -12.04 dB (the window sums to 1), at
 // the column of its level entry (entry 8 holds bin 9, placed at 8 × 22050 /
-// 1024 Hz). Grid and bands are off, so the curve is the only thing above the
-// flat strip at the centre. No spectrum shows before the first block, nor a
-// second after the last.
+// 1024 Hz). Grid and bands are off: the curve is all there is above the centre
+// strip. No spectrum shows before the first block, nor a second after the last.
 TEST_F(SpectrumThroughTheHostFftTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
     constexpr int kWidth = 1200, kHeight = 240, kBin = 9, kFrames = 4096;
     constexpr double kAmplitude = 0.5;
@@ -161,11 +161,9 @@ TEST_F(SpectrumThroughTheHostFftTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
                 last = x;
                 break;
             }
-    const double expectedDb = 20.0 * std::log10(kAmplitude / 2.0);
-    const double pixelsPerDb = kHeight / 120.0;
     EXPECT_NEAR((first + last) / 2, column, 2);
     // The curve bends between level points, so its top lies a little below the level.
-    EXPECT_NEAR(-topRow / pixelsPerDb, expectedDb, 2.0);
+    EXPECT_NEAR(-topRow / (kHeight / 120.0), 20.0 * std::log10(kAmplitude / 2.0), 2.0);
     kobal_layer::advanceTestClock(999);
     paint();
     EXPECT_EQ(instance->spectrumDrawnTick, tick);
@@ -174,26 +172,17 @@ TEST_F(SpectrumThroughTheHostFftTest, ToneAtAKnownBinShowsItsLevelAtItsColumn) {
     EXPECT_EQ(instance->spectrumDrawnTick, 0u);
 }
 
-constexpr int kBlockFrames = 512;
-
 // One stop per paint: the first hooked call runs an audio block on another
 // thread and waits for it (20 s at most, so that a held lock fails the test
 // rather than hanging it) before going on with the drawing.
 struct AudioWhileStopped {
-    EqInstance* instance = nullptr;
-    bool stopped = false;
-    bool blockFinished = false;
-    std::future<void> block;  // joined after the paint, never inside it
-    std::vector<double> in = std::vector<double>(kBlockFrames, 0.25);
-    std::vector<double> out = std::vector<double>(2 * kBlockFrames);
+    std::function<std::vector<double>()> runBlock;
+    bool stopped = false, blockFinished = false;
+    std::future<std::vector<double>> block;  // joined after the paint, never inside it
 
     void runBlockNow() {
         if (std::exchange(stopped, true)) return;
-        block = std::async(std::launch::async, [this] {
-            double* inputs[] = {in.data(), in.data()};
-            double* outputs[] = {out.data(), out.data() + kBlockFrames};
-            processDoubleReplacing(&instance->effect, inputs, outputs, kBlockFrames);
-        });
+        block = std::async(std::launch::async, runBlock);
         blockFinished = block.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
     }
 };
@@ -241,16 +230,15 @@ TEST_F(ResponseViewAudioTest, AudioBlockRunsWhileThePaintIsStoppedInsideAnyDrawi
     instance->hoverBand = 2;  // the readout box
     for (const auto& [name, toggleStop] : kPaintCalls) {
         SCOPED_TRACE(name);
-        audio = AudioWhileStopped{};
-        audio.instance = instance;
+        audio = {};
+        audio.runBlock = [&] { return process(std::vector<double>(512, 0.25)); };
         toggleStop();
         kobal::InvalidateRect(view, nullptr, 0);
         paint();
         toggleStop();
         ASSERT_TRUE(audio.stopped);
-        audio.block.wait();
         EXPECT_TRUE(audio.blockFinished);
-        EXPECT_NE(audio.out[kBlockFrames - 1], 0.0);  // the block was processed
+        EXPECT_NE(audio.block.get().back(), 0.0);  // the block was processed
     }
 }
 
