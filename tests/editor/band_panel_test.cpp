@@ -10,7 +10,6 @@
 #include "host/extensions/fader_curve.h"
 #include "host/ui/combo_box.h"
 #include "host/ui/fader.h"
-#include "host/ui/focus_and_capture.h"
 #include "host/ui/input_injection.h"
 #include "tests/editor/editor_fixture.h"
 

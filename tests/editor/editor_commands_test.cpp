@@ -139,6 +139,14 @@ protected:
                                                                 instance->sampleRate)));
         refresh();
     }
+    // The picture shows the graph as last painted, top to bottom.
+    void expectGraphShown() const {
+        RECT graph{};
+        kobal::GetClientRect(view, &graph);
+        for (int y : {0, graph.bottom / 2, graph.bottom - 1})
+            for (int x : {0, graph.right / 3, graph.right - 1})
+                EXPECT_EQ(at(view, x, y), pixel(x, y) & 0xffffff) << x << "," << y;
+    }
     // Exactly these notices, then forgets them: an edit ended (unless
     // `endedEdit` is -1), a changed parameter list (unless `delta` is 0) and
     // the general change notice.
@@ -270,21 +278,7 @@ TEST_F(EditorTabsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
     EXPECT_GT(kobal_layer::tabHeaderRect(tabs, 40).right, 0);
 }
 
-class EditorPicturesTest : public EditorTest {
-protected:
-    RECT graphClient() const {
-        RECT client{};
-        kobal::GetClientRect(view, &client);
-        return client;
-    }
-    // The picture shows the graph as last painted, top to bottom.
-    void expectGraphShown() const {
-        const RECT graph = graphClient();
-        for (int y : {0, graph.bottom / 2, graph.bottom - 1})
-            for (int x : {0, graph.right / 3, graph.right - 1})
-                EXPECT_EQ(at(view, x, y), pixel(x, y) & 0xffffff) << x << "," << y;
-    }
-};
+using EditorPicturesTest = EditorCommandsTest;
 
 // As opened; then with shaped bands, phase, spectra and band 3 under the
 // pointer: the hand cursor, its red disc and the framed readout box 30
@@ -308,7 +302,8 @@ TEST_F(EditorPicturesTest, OpenEditorWithShapedBandsAndWithoutTabs) {
     }
     process(chord);
     process(chord);
-    const RECT graph = graphClient();
+    RECT graph{};
+    kobal::GetClientRect(view, &graph);
     const int x = static_cast<int>(std::log(2480.0 / 23980.0 * 400.0 + 1.0) * graph.right /
                                    5.993961427306569);
     const int y = graph.bottom -

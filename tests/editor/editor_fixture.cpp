@@ -15,7 +15,6 @@
 #include "host/ui/pointer_and_keys.h"
 #include "host/ui/screenshot.h"
 #include "host/ui/tab_control.h"
-#include "host/ui/window_tree.h"
 #include "plugin/instance.h"
 
 namespace {
