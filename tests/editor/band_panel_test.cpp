@@ -1,6 +1,5 @@
-// The band panel and the output gain as a user types, drags and chooses:
-// the values stored, the texts and fader positions shown, and the edit
-// gestures the host sees.
+// The band panel and the output gain as a user types and chooses: the values
+// stored and the texts and fader positions shown.
 #include <cmath>
 #include <utility>
 
@@ -23,17 +22,15 @@ protected:
     int position(HWND fader) const {
         return static_cast<int>(kobal::SendMessage(fader, TBM_GETPOS, 0, 0));
     }
-    int position(int id) const { return position(panelControl(id)); }
     void redesignBandOne(int32_t type, double gain) {
         setBand(0, type, 100.0, gain, 1.0);
         kobal::SendMessage(panel(), WM_REFRESH_BANDPANEL, 0, 0);
     }
 };
 
-// Typed values are stored unclamped and shown as typed, text that is no
-// number as 0 (a gain as unity). The faders follow (the frequency fader's
-// positions written out from its log axis, 20 Hz at 0 and 24 kHz at 1000),
-// and the note name.
+// Typed values are stored unclamped and shown as typed, text that is no number
+// as 0 (a gain as unity); the faders (frequency: log axis, 20 Hz at 0, 24 kHz
+// at 1000) and the note name follow.
 TEST_F(BandPanelTest, TypedValuesAreStoredUnclampedAndNonNumbersAsZero) {
     struct Case {
         int edit;
@@ -58,7 +55,7 @@ TEST_F(BandPanelTest, TypedValuesAreStoredUnclampedAndNonNumbersAsZero) {
         EXPECT_NEAR(band(0).*c.value, c.stored, 1e-15);
         EXPECT_EQ(text(panelControl(c.edit)), c.typed);
         if (c.fader) {
-            EXPECT_EQ(position(c.fader), c.faderPosition);
+            EXPECT_EQ(position(panelControl(c.fader)), c.faderPosition);
         }
         if (c.note) {
             EXPECT_EQ(text(panelControl(kNoteNameBox)), c.note);
@@ -86,10 +83,10 @@ TEST_F(BandPanelTest, TypeListPutsBandThirdAndTheOldVariantsLast) {
     EXPECT_EQ(kobal::SendMessage(list, CB_GETCURSEL, 0, 0), 8);
 }
 
-// Typed dB set the gain (text that is no number: unity) and move the fader:
-// 6 dB half way from 0 dB (750) to +12 dB (1000). Gains from outside show as
-// dB with one decimal, silent ones as "-inf" while the fader keeps their
-// level (the floor is -150 dB); the host hears nothing of those writes.
+// Typed dB set the gain (no number: unity) and move the fader: 6 dB half way
+// from 0 dB (750) to +12 dB (1000). Gains from outside show as dB with one
+// decimal, silent ones as "-inf" while the fader keeps their level (floor
+// -150 dB); the host hears nothing of those writes.
 TEST_F(BandPanelTest, OutputGainShowsAsDecibelTextAndFaderPosition) {
     HWND fader = control(kOutputGainFader), box = control(kOutputGainEdit);
     kobal_layer::typeIntoEdit(box, "6");

@@ -106,7 +106,7 @@ TEST_F(ControlLabelsTest, EachHandledControlIsTheOneItsLabelNames) {
         {"Band frequency", [&] { kobal_layer::dragFaderTo(labelled("Band frequency"), 0); },
          [&] { return band(3).frequency == 20.0 && band(3).bandwidth == 1.5; }},
         {"Band width", [&] { kobal_layer::dragFaderTo(labelled("Band width"), 3000); },
-         [&] { return band(3).bandwidth == 3.0 && text(besideLabel("Bandwidth (oct):")) == "3.00"; }},
+         [&] { return band(3).bandwidth == 3.0 && text(panelControl(kBandwidthEdit)) == "3.00"; }},
         {"Band gain", [&] { kobal_layer::dragFaderTo(labelled("Band gain"), 1000); },
          [&] { return band(3).gain > 3.0 && band(3).bandwidth == 3.0; }},
         {"Enabled", [&] { click("Enabled"); }, [&] { return band(3).enabled == 0; }},
@@ -147,9 +147,8 @@ protected:
             for (int x : {0, graph.right / 3, graph.right - 1})
                 EXPECT_EQ(at(view, x, y), pixel(x, y) & 0xffffff) << x << "," << y;
     }
-    // Exactly these notices, then forgets them: an edit ended (unless
-    // `endedEdit` is -1), a changed parameter list (unless `delta` is 0) and
-    // the general change notice.
+    // Exactly these notices, then forgets them: an edit ended (unless `endedEdit`
+    // is -1), a changed parameter list (unless `delta` is 0), the general notice.
     void expectNotices(int32_t endedEdit, int32_t first, int32_t delta) {
         const std::vector<HostNotice> sent = notices();
         clearNotices();
@@ -211,7 +210,6 @@ TEST_F(EditorCommandsTest, ResetDefaultsShowsBandOneInThePanelAtOnce) {
     clearNotices();
     kobal_layer::typeIntoEdit(panelControl(kGainEdit), "5");
     EXPECT_EQ(notices().front().opcode, audioMasterBeginEdit);
-    EXPECT_EQ(countNotices(audioMasterBeginEdit, 1), 1);
     clearNotices();
     click(kResetDefaultsButton);
     EXPECT_EQ(band(0).gain, 1.0);
@@ -247,10 +245,9 @@ TEST_F(EditorTabsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
     EXPECT_EQ(band(0).type, LowShelf);
 }
 
-// At the default size (1020 by 640) forty tabs do not fit: the strip shows
-// its arrow buttons and scrolls, every band can be chosen, the current tab
-// stands out from its neighbour, and a band added from the editor shows its
-// tab.
+// At the default size (1020 by 640) forty tabs do not fit: the strip shows its
+// arrows and scrolls, every band can be chosen, the current tab stands out,
+// and a band added from the editor shows its tab.
 TEST_F(EditorTabsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
     resizeHost(1020, 640);
     appendFlatBands(36);
@@ -281,10 +278,9 @@ TEST_F(EditorTabsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
 using EditorPicturesTest = EditorCommandsTest;
 
 // As opened; then with shaped bands, phase, spectra and band 3 under the
-// pointer: the hand cursor, its red disc and the framed readout box 30
-// pixels right of it; then without the tabs, also after the editor opens
-// again: strip and panel hidden, the graph reaching down to just above the
-// buttons.
+// pointer (hand cursor, red disc, the framed readout box 30 pixels right of
+// it); then without the tabs, also after the editor opens again: strip and
+// panel hidden, the graph reaching down to just above the buttons.
 TEST_F(EditorPicturesTest, OpenEditorWithShapedBandsAndWithoutTabs) {
     resizeHost(1000, 620);
     save("editor_open.png");

@@ -38,14 +38,6 @@ void bindHostLayerOnce() {
     std::call_once(bound, bindUiLayer);
 }
 
-RECT rectInParent(HWND window) {
-    RECT screen{};
-    kobal::GetWindowRect(window, &screen);
-    POINT corners[] = {{screen.left, screen.top}, {screen.right, screen.bottom}};
-    for (POINT& corner : corners) kobal::ScreenToClient(kobal::GetParent(window), &corner);
-    return RECT{corners[0].x, corners[0].y, corners[1].x, corners[1].y};
-}
-
 void EditorTest::SetUp() {
     bindHostLayerOnce();
     kobal_layer::resetWindowingLayer();

@@ -24,7 +24,7 @@ constexpr double kLogPerDb = 0.11512925464970228;
 constexpr double kDbPerLog = 8.685889638065037;
 
 void bindHostLayerOnce();
-RECT rectInParent(HWND window);  // in its parent's client coordinates
+inline RECT rectInParent(HWND window) { return window->rect; }  // in the parent's client area
 inline std::string text(HWND window) { return window->text; }
 
 struct HostNotice {
@@ -64,7 +64,6 @@ protected:
                  bool enabled = true);
     std::vector<double> process(const std::vector<double>& input);  // both channels
 
-    // The graph: painting and the pixels of its off-screen bitmap.
     void paint() const { kobal::SendMessage(view, WM_PAINT, 0, 0); }
     uint32_t pixel(int x, int y) const;
     int countPixels(uint32_t color, int left, int top, int right, int bottom) const;
