@@ -65,7 +65,7 @@ protected:
     std::vector<double> process(const std::vector<double>& input);  // both channels
 
     void paint() const { kobal::SendMessage(view, WM_PAINT, 0, 0); }
-    uint32_t pixel(int x, int y) const;
+    uint32_t pixel(int x, int y) const;  // of the graph's off-screen bitmap
     int countPixels(uint32_t color, int left, int top, int right, int bottom) const;
     POINT screenPoint(int x, int y) const;
 
