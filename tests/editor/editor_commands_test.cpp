@@ -1,9 +1,9 @@
 // The editor's buttons, switches and tab strip as a user works them, each
-// control found by the label a person reads, what the host hears of them in
-// order, the layout they change, and changes from outside (automation, a
-// smaller state) shown at the next 40 ms poll.
+// control found by the label a person reads, what the host hears of them,
+// and pictures of the open editor in the screenshot directory, read back.
 #include <cmath>
 #include <functional>
+#include <numbers>
 
 #include "editor/band_panel_controls.h"
 #include "editor/editor_dialog.h"
@@ -11,9 +11,8 @@
 #include "engine/band_removal.h"
 #include "host/ui/fader.h"
 #include "host/ui/input_injection.h"
+#include "host/ui/pointer_and_keys.h"
 #include "host/ui/tab_control.h"
-#include "host/ui/window_tree.h"
-#include "plugin/parameters.h"
 #include "tests/editor/editor_fixture.h"
 
 namespace {
@@ -25,22 +24,20 @@ std::string shownLabel(HWND window) {
 }
 
 // Every window inside `window`, depth first.
-void collect(HWND window, std::vector<HWND>& windows) {
-    for (KobalWindow* child : window->children) {
-        windows.push_back(child);
-        collect(child, windows);
+std::vector<HWND> windowsIn(HWND window) {
+    std::vector<HWND> all;
+    for (HWND child : window->children) {
+        all.push_back(child);
+        for (HWND inner : windowsIn(child)) all.push_back(inner);
     }
+    return all;
 }
 
 bool overlapsRows(const RECT& a, const RECT& b) { return a.top < b.bottom && b.top < a.bottom; }
 
-class ControlLabelsTest : public OpenEditorTest {
+class ControlLabelsTest : public EditorTest {
 protected:
-    std::vector<HWND> everyControl() const {
-        std::vector<HWND> windows;
-        collect(editor(), windows);
-        return windows;
-    }
+    std::vector<HWND> everyControl() const { return windowsIn(editor()); }
     // The control showing `label`.
     HWND labelled(const std::string& label) const {
         for (HWND window : everyControl())
@@ -88,7 +85,12 @@ TEST_F(ControlLabelsTest, EachHandledControlIsTheOneItsLabelNames) {
          [&] { return (instance->viewFlags & 1) != 0 && instance->showGrid == 0; }},
         {"Show tabs", [&] { click("Show tabs"); click("Show tabs"); },
          [&] { return instance->showTabs == 1 && (instance->viewFlags & 1) != 0; }},
-        {"Add band", [&] { click("Add band"); }, [&] { return instance->bandCount() == 5; }},
+        {"Add band", [&] { click("Add band"); },
+         [&] {
+             const EqBand added = band(4);  // a flat bell at 700 Hz, selected
+             return added.type == Band && added.frequency == 700.0 && added.gain == 1.0 &&
+                    added.bandwidth == 2.0 && currentTab() == 4;
+         }},
         {"Remove band", [&] { click("Remove band"); },
          [&] { return instance->bandCount() == 4 && instance->selectedBand == 3; }},
         {"Frequency (Hz):",
@@ -101,10 +103,10 @@ TEST_F(ControlLabelsTest, EachHandledControlIsTheOneItsLabelNames) {
          [&] { return band(3).bandwidth == 1.5 && band(3).frequency == 2000.0; }},
         {"Type:", [&] { kobal_layer::chooseListEntry(besideLabel("Type:"), 0); },
          [&] { return band(3).type == LowShelf; }},
-        {"Band frequency", [&] { kobal_layer::dragFaderTo(labelled("Band frequency"), 100); },
-         [&] { return band(3).frequency < 100.0 && band(3).bandwidth == 1.5; }},
+        {"Band frequency", [&] { kobal_layer::dragFaderTo(labelled("Band frequency"), 0); },
+         [&] { return band(3).frequency == 20.0 && band(3).bandwidth == 1.5; }},
         {"Band width", [&] { kobal_layer::dragFaderTo(labelled("Band width"), 3000); },
-         [&] { return band(3).bandwidth == 3.0; }},
+         [&] { return band(3).bandwidth == 3.0 && text(panelControl(kBandwidthEdit)) == "3.00"; }},
         {"Band gain", [&] { kobal_layer::dragFaderTo(labelled("Band gain"), 1000); },
          [&] { return band(3).gain > 3.0 && band(3).bandwidth == 3.0; }},
         {"Enabled", [&] { click("Enabled"); }, [&] { return band(3).enabled == 0; }},
@@ -127,17 +129,26 @@ TEST_F(ControlLabelsTest, EachHandledControlIsTheOneItsLabelNames) {
 
 using Texts = std::vector<std::string>;
 
-class EditorCommandsTest : public OpenEditorTest {
+class EditorCommandsTest : public EditorTest {
 protected:
     void click(int id) { ASSERT_TRUE(kobal_layer::clickButton(control(id))); }
     void selectTab(int index) { ASSERT_TRUE(kobal_layer::clickTab(control(kBandTabs), index)); }
-    void appendFlatBand() {
-        ASSERT_TRUE(appendBand(instance, createDesignedBand(Band, 2000.0, 1.0, 1.0,
-                                                            instance->sampleRate)));
+    void appendFlatBands(int count) {
+        for (int i = 0; i < count; ++i)
+            ASSERT_TRUE(appendBand(instance, createDesignedBand(Band, 2000.0, 1.0, 1.0,
+                                                                instance->sampleRate)));
+        refresh();
     }
-    // Exactly these notices, then forgets them: an edit ended (unless
-    // `endedEdit` is -1), a changed parameter list (unless `delta` is 0) and
-    // the general change notice.
+    // The picture shows the graph as last painted, top to bottom.
+    void expectGraphShown() const {
+        RECT graph{};
+        kobal::GetClientRect(view, &graph);
+        for (int y : {0, graph.bottom / 2, graph.bottom - 1})
+            for (int x : {0, graph.right / 3, graph.right - 1})
+                EXPECT_EQ(at(view, x, y), pixel(x, y) & 0xffffff) << x << "," << y;
+    }
+    // Exactly these notices, then forgets them: an edit ended (unless `endedEdit`
+    // is -1), a changed parameter list (unless `delta` is 0), the general notice.
     void expectNotices(int32_t endedEdit, int32_t first, int32_t delta) {
         const std::vector<HostNotice> sent = notices();
         clearNotices();
@@ -145,92 +156,64 @@ protected:
         EXPECT_TRUE(endedEdit < 0 ||
                     (sent[0].opcode == audioMasterEndEdit && sent[0].index == endedEdit));
         EXPECT_TRUE(delta == 0 || sent[sent.size() - 2].isListChange(first, delta));
-        EXPECT_TRUE(sent.back().isHostChanged());
+        EXPECT_TRUE(sent.back().opcode == audioMasterAutomate && sent.back().index == -1);
     }
 };
 
-// A gesture open in the gain box is closed before the list changes.
-TEST_F(EditorCommandsTest, AddBandAppendsAFlatBellSelectsItAndTellsTheHost) {
-    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "3");
-    clearNotices();
-    click(kAddBandButton);
-    EXPECT_EQ(instance->selectedBand, 4);
-    EXPECT_EQ(instance->effect.numParams, 15);
-    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4", "5"}));
-    EXPECT_EQ(currentTab(), 4);
-    const EqBand added = band(4);
-    EXPECT_EQ(added.type, Band);
-    EXPECT_EQ(added.frequency, 700.0);
-    EXPECT_EQ(added.gain, 1.0);
-    EXPECT_EQ(added.bandwidth, 2.0);
-    EXPECT_NE(added.enabled, 0);
-    expectNotices(1, 12, 3);
+// The selected index stays while a band is there, else the one before is
+// selected; the host drops the removed band's three parameters; the only
+// band stays. Band 3 (1000 Hz) is never removed.
+TEST_F(EditorCommandsTest, RemoveBandTellsTheHostWhichParametersWent) {
+    struct Case {
+        int tab, selected;
+        Texts tabs;
+        int32_t firstRemoved;  // -1: nothing removed
+    };
+    const Case cases[] = {{1, 1, {"1", "2", "3"}, 3},
+                          {2, 1, {"1", "2"}, 6},
+                          {0, 0, {"1"}, 0},
+                          {0, 0, {"1"}, -1}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.firstRemoved);
+        selectTab(c.tab);
+        click(kRemoveBandButton);
+        EXPECT_EQ(instance->selectedBand, c.selected);
+        EXPECT_EQ(currentTab(), c.selected);
+        EXPECT_EQ(tabTexts(), c.tabs);
+        EXPECT_EQ(band(c.selected).frequency, 1000.0);
+        if (c.firstRemoved < 0) EXPECT_TRUE(notices().empty());
+        else expectNotices(-1, c.firstRemoved, -3);
+    }
 }
 
-// The host's parameters then address the bands at their new indexes; the
-// last band's removal selects the one before it; the only band stays.
-TEST_F(EditorCommandsTest, RemoveBandKeepsTheSelectedIndexWhileThereIsABandThere) {
-    selectTab(1);
-    click(kRemoveBandButton);
-    EXPECT_EQ(instance->selectedBand, 1);
-    EXPECT_EQ(band(1).frequency, 1000.0);  // formerly band 3
-    EXPECT_EQ(instance->effect.numParams, 9);
-    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3"}));
-    EXPECT_EQ(currentTab(), 1);
-    expectNotices(-1, 3, -3);
-    setParameter(&instance->effect, 4, 0.5f);
-    EXPECT_EQ(band(1).gain, 2.0);
-    selectTab(2);
-    click(kRemoveBandButton);
-    EXPECT_EQ(instance->selectedBand, 1);
-    EXPECT_EQ(currentTab(), 1);
-    expectNotices(-1, 6, -3);
-    click(kRemoveBandButton);
-    clearNotices();
-    click(kRemoveBandButton);
-    EXPECT_EQ(instance->bandCount(), 1);
-    EXPECT_EQ(instance->effect.numParams, 3);
-    EXPECT_EQ(tabTexts(), (Texts{"1"}));
-    EXPECT_EQ(instance->selectedBand, 0);
-    EXPECT_TRUE(notices().empty());
-}
-
-// From more bands, from fewer, and from as many with a gesture open.
-TEST_F(EditorCommandsTest, ResetDefaultsTellsTheHostHowTheListChanged) {
-    click(kAddBandButton);
-    click(kAddBandButton);
-    clearNotices();
-    click(kResetDefaultsButton);
-    EXPECT_EQ(instance->effect.numParams, 12);
-    EXPECT_EQ(instance->selectedBand, 0);
-    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4"}));
-    EXPECT_EQ(currentTab(), 0);
-    expectNotices(-1, 12, -6);
-    click(kRemoveBandButton);
-    clearNotices();
-    click(kResetDefaultsButton);
-    expectNotices(-1, 9, 3);
-    EXPECT_EQ(band(0).type, LowShelf);
-    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "5");
-    clearNotices();
-    click(kResetDefaultsButton);
-    EXPECT_EQ(band(0).gain, 1.0);
-    expectNotices(1, 0, 0);
-}
-
-// The panel showed band 4 (a high shelf); right after the reset, before any
-// timer tick, it shows band 1, and its faders work on band 1 as it now is.
+// The panel showed band 4 (a high shelf) of six; right after the reset,
+// before any timer tick, it shows band 1, its faders work on band 1 as it
+// now is, and the host hears of the shorter list. Typing opens a gesture;
+// a reset first ends it.
 TEST_F(EditorCommandsTest, ResetDefaultsShowsBandOneInThePanelAtOnce) {
+    click(kAddBandButton);
+    click(kAddBandButton);
     selectTab(3);
     advanceClock(40);
     ASSERT_EQ(text(panelControl(kFrequencyEdit)), "5000.0");
+    clearNotices();
     click(kResetDefaultsButton);
+    expectNotices(-1, 12, -6);
+    EXPECT_EQ(tabTexts(), (Texts{"1", "2", "3", "4"}));
+    EXPECT_EQ(currentTab(), 0);
     EXPECT_EQ(text(panelControl(kFrequencyEdit)), "100.0");
     EXPECT_EQ(kobal::SendMessage(panelControl(kBandTypeList), CB_GETCURSEL, 0, 0), 0);
     ASSERT_TRUE(kobal_layer::dragFaderTo(panelControl(kFrequencyFader), 300));
     EXPECT_EQ(band(0).type, LowShelf);
     EXPECT_NE(band(0).frequency, 100.0);
     EXPECT_EQ(band(3).frequency, 5000.0);
+    clearNotices();
+    kobal_layer::typeIntoEdit(panelControl(kGainEdit), "5");
+    EXPECT_EQ(notices().front().opcode, audioMasterBeginEdit);
+    clearNotices();
+    click(kResetDefaultsButton);
+    EXPECT_EQ(band(0).gain, 1.0);
+    expectNotices(1, 0, 0);
 }
 
 using EditorTabsTest = EditorCommandsTest;
@@ -244,8 +227,7 @@ TEST_F(EditorTabsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
     const intptr_t size =
         instance->effect.dispatcher(&instance->effect, effGetChunk, 0, 0, &data, 0.0f);
     std::vector<uint8_t> twoBands(static_cast<uint8_t*>(data), static_cast<uint8_t*>(data) + size);
-    for (int i = 0; i < 4; ++i) appendFlatBand();
-    refresh();
+    appendFlatBands(4);
     selectTab(5);
     advanceClock(40);
     ASSERT_EQ(text(panelControl(kFrequencyEdit)), "2000.0");
@@ -263,53 +245,102 @@ TEST_F(EditorTabsTest, SmallerStateSelectsItsLastBandAndThePanelWorksOnIt) {
     EXPECT_EQ(band(0).type, LowShelf);
 }
 
-// At the default size (1020 by 640) forty tabs do not fit: the strip scrolls,
-// every band can be chosen, and a band added from the editor shows its tab.
+// At the default size (1020 by 640) forty tabs do not fit: the strip shows its
+// arrows and scrolls, every band can be chosen, the current tab stands out,
+// and a band added from the editor shows its tab.
 TEST_F(EditorTabsTest, FortyBandsAreAllReachableInTheScrollingTabStrip) {
-    kobal::SetWindowPos(hostWindow, nullptr, 0, 0, 1020, 640, SWP_NOMOVE | SWP_NOZORDER);
-    advanceClock(40);
-    for (int i = 4; i < 40; ++i) appendFlatBand();
-    refresh();
+    resizeHost(1020, 640);
+    appendFlatBands(36);
     HWND tabs = control(kBandTabs);
-    ASSERT_GT(kobal_layer::tabScrollButtonRect(tabs, 1).right, 0);
-    for (int index : {39, 0, 25, 12}) {
+    for (int index : {39, 0, 25, 12, 37}) {
         selectTab(index);
         EXPECT_EQ(instance->selectedBand, index);
     }
+    advanceClock(40);
+    EXPECT_EQ(kobal_layer::tabHeaderRect(tabs, 0).right, 0);  // scrolled away
+    save("editor_40_bands.png");
+    const RECT left = kobal_layer::tabScrollButtonRect(tabs, -1);
+    ASSERT_GT(left.right, 0);
+    // A triangle pointing left: a tall base on the right, a one-pixel tip.
+    const int x = (left.left + left.right) / 2, y = (left.top + left.bottom) / 2;
+    const uint32_t arrow = at(tabs, x, y);
+    EXPECT_EQ(at(tabs, x + 2, y - 4), arrow);
+    EXPECT_NE(at(tabs, x - 2, y - 4), arrow);
+    EXPECT_NE(at(tabs, left.left + 3, left.top + 3), arrow);
+    const RECT current = kobal_layer::tabHeaderRect(tabs, 37);
+    const RECT before = kobal_layer::tabHeaderRect(tabs, 36);
+    EXPECT_NE(at(tabs, current.left + 3, current.top + 3), at(tabs, before.left + 3, before.top + 3));
     click(kAddBandButton);
     EXPECT_EQ(currentTab(), 40);
     EXPECT_GT(kobal_layer::tabHeaderRect(tabs, 40).right, 0);
 }
 
-TEST_F(EditorCommandsTest, AutomationShowsInTheControlsOnlyWhenThePollFires) {
-    advanceClock(40);  // a first poll, so the next one is a whole period away
-    setParameter(&instance->effect, 1, 0.5f);  // band 1's gain to 2.0
-    EXPECT_EQ(band(0).gain, 2.0);
-    advanceClock(39);
-    EXPECT_EQ(text(panelControl(kGainEdit)), "0.0");
-    advanceClock(1);
-    EXPECT_EQ(text(panelControl(kGainEdit)), "6.0");
-    EXPECT_TRUE(notices().empty());
-}
+using EditorPicturesTest = EditorCommandsTest;
 
-// The graph then reaches down to just above the buttons, also when the
-// editor opens again.
-TEST_F(EditorCommandsTest, HidingTabsHidesStripAndPanelAndExtendsTheGraph) {
+// As opened; then with shaped bands, phase, spectra and band 3 under the
+// pointer (hand cursor, red disc, the framed readout box 30 pixels right of
+// it); then without the tabs, also after the editor opens again: strip and
+// panel hidden, the graph reaching down to just above the buttons.
+TEST_F(EditorPicturesTest, OpenEditorWithShapedBandsAndWithoutTabs) {
+    resizeHost(1000, 620);
+    save("editor_open.png");
+    expectGraphShown();
+    setBand(0, LowShelf, 120.0, 2.0, 1.0);
+    setBand(1, Band, 400.0, 0.4, 1.5);
+    setBand(2, Band, 2500.0, 2.5, 0.7);
+    setBand(3, HighPass, 9000.0, 1.0, 1.0, false);
+    instance->viewFlags |= kViewShowPhase;
+    instance->selectedBand = 2;
+    std::vector<double> chord(4096);  // with a little noise
+    for (size_t i = 0; i < chord.size(); ++i) {
+        const double t = 2.0 * std::numbers::pi * static_cast<double>(i) / 44100.0;
+        chord[i] = 0.3 * std::sin(220 * t) + 0.1 * std::sin(3300 * t) + 0.01 * std::sin(i * i);
+    }
+    process(chord);
+    process(chord);
+    RECT graph{};
+    kobal::GetClientRect(view, &graph);
+    const int x = static_cast<int>(std::log(2480.0 / 23980.0 * 400.0 + 1.0) * graph.right /
+                                   5.993961427306569);
+    const int y = graph.bottom -
+                  static_cast<int>((std::log10(2.5) * 20.0 + 12.0) * graph.bottom / 24.0);
+    kobal_layer::moveMouse(screenPoint(x, y));
+    ASSERT_EQ(instance->hoverBand, 2);
+    EXPECT_EQ(kobal_layer::cursorIdOf(kobal_layer::currentCursor()), kobal_layer::IDC_HAND);
+    kobal::InvalidateRect(view, nullptr, 1);
+    save("response_view_editor.png");
+    EXPECT_NE(instance->spectrumDrawnTick, 0u);
+    expectGraphShown();
+    const uint32_t border = kobal::GetSysColor(9) & 0xffffff;
+    const uint32_t background = kobal::GetSysColor(8) & 0xffffff;
+    int red = 0, readout = 0;
+    for (int dy = -6; dy <= 6; ++dy)
+        for (int dx = -6; dx <= 6; ++dx) red += at(view, x + dx, y + dy) == 0xff2222;
+    for (int dy = 10; dy < 20; ++dy)
+        for (int dx = 32; dx < 80; ++dx) readout += at(view, x + dx, y + dy) == background;
+    EXPECT_GT(red, 50);
+    EXPECT_GT(readout, 150);
+    EXPECT_EQ(at(view, x + 30 - 2, y + 8 + 3), border);  // the frame's left edge
+    EXPECT_EQ(at(view, x + 30 - 1, y + 8 + 3), background);
+
+    kobal_layer::moveMouse(screenPoint(x, graph.bottom + 40));
     const RECT withTabs = rectInParent(view);
-    click(kShowTabsBox);
-    expectNotices(-1, 0, 0);
+    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabsBox)));
     ASSERT_TRUE(openEditor(instance, hostWindow));
-    advanceClock(0);
-    EXPECT_FALSE(isShown(control(kBandTabs)));
-    EXPECT_FALSE(isShown(panel()));
+    advanceClock(40);
+    view = control(kResponseViewControl);
+    save("editor_without_tabs.png");
+    expectGraphShown();
+    EXPECT_FALSE(control(kBandTabs)->visible);
+    EXPECT_FALSE(panel()->visible);
     EXPECT_EQ(kobal::IsDlgButtonChecked(editor(), kShowTabsBox), BST_UNCHECKED);
-    const RECT graph = rectInParent(control(kResponseViewControl));
-    EXPECT_EQ(graph.bottom, rectInParent(control(kRemoveBandButton)).top - 4);
-    EXPECT_EQ(graph.top, withTabs.top);
-    EXPECT_EQ(graph.right, withTabs.right);
-    click(kShowTabsBox);
-    EXPECT_TRUE(isShown(panel()));
-    EXPECT_EQ(rectInParent(control(kResponseViewControl)).bottom, withTabs.bottom);
+    const RECT withoutTabs = rectInParent(view);
+    EXPECT_EQ(withoutTabs.bottom, rectInParent(control(kRemoveBandButton)).top - 4);
+    EXPECT_EQ(withoutTabs.top, withTabs.top);
+    EXPECT_EQ(withoutTabs.right, withTabs.right);
+    ASSERT_TRUE(kobal_layer::clickButton(control(kShowTabsBox)));
+    EXPECT_TRUE(panel()->visible);
+    EXPECT_EQ(rectInParent(view).bottom, withTabs.bottom);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "tests/editor/editor_fixture.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <mutex>
 
 #include "editor/editor_dialog.h"
@@ -11,13 +13,12 @@
 #include "host/ui/input_injection.h"
 #include "host/ui/messages.h"
 #include "host/ui/pointer_and_keys.h"
+#include "host/ui/screenshot.h"
 #include "host/ui/tab_control.h"
-#include "host/ui/window_tree.h"
 #include "plugin/instance.h"
 
 namespace {
 
-std::mutex noticesMutex;
 std::vector<HostNotice> recordedNotices;
 
 intptr_t recordingHost(AEffect*, int32_t opcode, int32_t index, intptr_t, void* ptr, float opt) {
@@ -26,7 +27,6 @@ intptr_t recordingHost(AEffect*, int32_t opcode, int32_t index, intptr_t, void* 
     HostNotice notice{opcode, index, opt, std::nullopt};
     if (opcode == audioMasterVendorSpecific && index == kHostExtensionOpcode && ptr)
         notice.listChange = *static_cast<const ParamListChange*>(ptr);
-    std::lock_guard<std::mutex> lock(noticesMutex);
     recordedNotices.push_back(notice);
     return 0;
 }
@@ -38,20 +38,16 @@ void bindHostLayerOnce() {
     std::call_once(bound, bindUiLayer);
 }
 
-RECT rectInParent(HWND window) {
-    RECT screen{};
-    kobal::GetWindowRect(window, &screen);
-    POINT corners[] = {{screen.left, screen.top}, {screen.right, screen.bottom}};
-    for (POINT& corner : corners) kobal::ScreenToClient(kobal::GetParent(window), &corner);
-    return RECT{corners[0].x, corners[0].y, corners[1].x, corners[1].y};
-}
-
 void EditorTest::SetUp() {
     bindHostLayerOnce();
     kobal_layer::resetWindowingLayer();
     kobal_layer::useTestClock(10000);
     instance = createInstance(recordingHost);
     ASSERT_NE(instance, nullptr);
+    hostWindow = kobal_layer::createHostWindow("host", RECT{50, 40, 1150, 740});
+    ASSERT_TRUE(openEditor(instance, hostWindow));
+    kobal_layer::pumpMessages();
+    view = control(kResponseViewControl);
     clearNotices();
 }
 
@@ -62,11 +58,9 @@ void EditorTest::TearDown() {
     kobal_layer::useRealClock();
 }
 
-void EditorTest::openEditorIn(int width, int height) {
-    hostWindow = kobal_layer::createHostWindow("host", RECT{50, 40, 50 + width, 40 + height});
-    ASSERT_TRUE(openEditor(instance, hostWindow));
-    kobal_layer::pumpMessages();
-    view = control(kResponseViewControl);
+void EditorTest::resizeHost(int width, int height) {
+    kobal::SetWindowPos(hostWindow, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+    advanceClock(40);
 }
 
 void EditorTest::refresh() const { kobal::SendMessage(editor(), WM_REFRESH_EDITOR, 0, 0); }
@@ -76,21 +70,14 @@ void EditorTest::advanceClock(uint32_t milliseconds) {
     kobal_layer::pumpMessages();
 }
 
-std::vector<HostNotice> EditorTest::notices() const {
-    std::lock_guard<std::mutex> lock(noticesMutex);
-    return recordedNotices;
-}
+std::vector<HostNotice> EditorTest::notices() const { return recordedNotices; }
 
-void EditorTest::clearNotices() {
-    std::lock_guard<std::mutex> lock(noticesMutex);
-    recordedNotices.clear();
-}
+void EditorTest::clearNotices() { recordedNotices.clear(); }
 
 int EditorTest::countNotices(int32_t opcode, int32_t index) const {
-    int count = 0;
-    for (const HostNotice& notice : notices())
-        count += notice.opcode == opcode && notice.index == index;
-    return count;
+    return std::count_if(recordedNotices.begin(), recordedNotices.end(), [&](const HostNotice& n) {
+        return n.opcode == opcode && n.index == index;
+    });
 }
 
 std::vector<std::string> EditorTest::tabTexts() const {
@@ -98,16 +85,6 @@ std::vector<std::string> EditorTest::tabTexts() const {
     for (int i = 0; i < kobal::TabCtrl_GetItemCount(control(kBandTabs)); ++i)
         texts.emplace_back(kobal_layer::tabText(control(kBandTabs), i));
     return texts;
-}
-
-std::string text(HWND window) {
-    KobalWindow* record = kobal_layer::liveWindow(window);
-    return record ? record->text : std::string("<no window>");
-}
-
-bool isShown(HWND window) {
-    KobalWindow* record = kobal_layer::liveWindow(window);
-    return record && record->visible;
 }
 
 EqBand EditorTest::band(int index) const {
@@ -125,16 +102,12 @@ void EditorTest::setBand(int index, int32_t type, double frequency, double gain,
     found->enabled = enabled ? 1 : 0;
 }
 
-void EditorTest::silenceAllBands() {
-    MutexLock lock(instance->mutex);
-    for (int i = 0; i < instance->bandCount(); ++i) instance->band(i)->enabled = 0;
-}
-
-void EditorTest::process(const std::vector<double>& input) {
+std::vector<double> EditorTest::process(const std::vector<double>& input) {
     std::vector<double> left = input, right = input, out(2 * input.size());
     double* inputs[] = {left.data(), right.data()};
     double* outputs[] = {out.data(), out.data() + input.size()};
     processDoubleReplacing(&instance->effect, inputs, outputs, static_cast<int>(input.size()));
+    return out;
 }
 
 uint32_t EditorTest::pixel(int x, int y) const {
@@ -152,4 +125,24 @@ int EditorTest::countPixels(uint32_t color, int left, int top, int right, int bo
 
 POINT EditorTest::screenPoint(int x, int y) const {
     return kobal_layer::screenPointOf(view, POINT{x, y});
+}
+
+void EditorTest::save(const char* name) {
+    std::filesystem::create_directories(OMBRO_TEST_OUTPUT_DIR);
+    const std::string path = std::string(OMBRO_TEST_OUTPUT_DIR) + "/" + name;
+    ASSERT_TRUE(kobal_layer::saveScreenshot(hostWindow, path));
+    image.reset(cairo_image_surface_create_from_png(path.c_str()));
+    ASSERT_EQ(cairo_surface_status(image.get()), CAIRO_STATUS_SUCCESS);
+}
+
+uint32_t EditorTest::at(HWND window, int x, int y) const {
+    const POINT p = kobal_layer::screenPointOf(window, POINT{x, y});
+    const POINT origin = kobal_layer::screenPointOf(hostWindow, POINT{0, 0});
+    const int column = p.x - origin.x, row = p.y - origin.y;
+    if (column < 0 || row < 0 || column >= cairo_image_surface_get_width(image.get()) ||
+        row >= cairo_image_surface_get_height(image.get()))
+        return 0xdeadbeef;
+    const unsigned char* line = cairo_image_surface_get_data(image.get()) +
+                                row * cairo_image_surface_get_stride(image.get());
+    return reinterpret_cast<const uint32_t*>(line)[column] & 0xffffff;
 }

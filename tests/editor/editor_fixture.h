@@ -1,12 +1,12 @@
-// An instance with its editor open in a host window of the stand-in
-// windowing layer, on the layer's test clock. The plug-in's kobal:: slots are
-// bound to the layer's functions, as loading the library would; the host
-// callback answers the extension requests from the host's own table and
-// records every notice.
+// An instance with its editor open in a host window of the stand-in windowing
+// layer, on its test clock; the plug-in's kobal:: slots bound to the layer, as
+// loading the library would; a host callback that records every notice.
 #pragma once
 
+#include <cairo.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,13 +15,17 @@
 #include "contracts/mura.h"
 #include "editor/editor_controls.h"
 #include "engine/eq_band.h"
+#include "host/ui/window_tree.h"
 #include "plugin/eq_instance.h"
 #include "plugin/ui_layer.h"
 
+// ln(10) / 20 and its inverse: dB to the natural log of a gain and back.
+constexpr double kLogPerDb = 0.11512925464970228;
+constexpr double kDbPerLog = 8.685889638065037;
+
 void bindHostLayerOnce();
-RECT rectInParent(HWND window);  // in its parent's client coordinates
-std::string text(HWND window);
-bool isShown(HWND window);
+inline RECT rectInParent(HWND window) { return window->rect; }  // in the parent's client area
+inline std::string text(HWND window) { return window->text; }
 
 struct HostNotice {
     int32_t opcode, index;
@@ -30,21 +34,15 @@ struct HostNotice {
     bool isListChange(int32_t first, int32_t delta) const {
         return listChange && listChange->first == first && listChange->delta == delta;
     }
-    bool isHostChanged() const { return opcode == audioMasterAutomate && index == -1; }
 };
 
+// The editor opened in a 1100 by 700 host window, its opening's notices forgotten.
 class EditorTest : public ::testing::Test {
 protected:
-    static constexpr int kHostWidth = 1100, kHostHeight = 700;
-
     void SetUp() override;
     void TearDown() override;
-    // Opens the editor in a host window of this client size and delivers the
-    // first sizing pass.
-    void openEditorIn(int width, int height);
-    // Opens the editor at the default size and gives the graph this client size.
-    void openView(int width, int height) {
-        openEditorIn(kHostWidth, kHostHeight);
+    void resizeHost(int width, int height);
+    void resizeGraph(int width, int height) {
         kobal::SetWindowPos(view, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
     }
     HWND editor() const { return instance->editorWindow.load(); }
@@ -52,7 +50,6 @@ protected:
     HWND control(int id) const { return kobal::GetDlgItem(editor(), id); }
     HWND panelControl(int id) const { return kobal::GetDlgItem(panel(), id); }
     void refresh() const;  // as the poll does after a change from outside
-    // Moves the test clock on and lets the pump deliver what is due.
     void advanceClock(uint32_t milliseconds);
 
     std::vector<HostNotice> notices() const;
@@ -65,28 +62,21 @@ protected:
     // Redesigns band `index` the way the editor does, under the lock.
     void setBand(int index, int32_t type, double frequency, double gain, double bandwidth,
                  bool enabled = true);
-    void silenceAllBands();
-    // Both channels of `input` through processDoubleReplacing.
-    void process(const std::vector<double>& input);
+    std::vector<double> process(const std::vector<double>& input);  // both channels
 
-    // The graph: painting and the pixels of its off-screen bitmap.
     void paint() const { kobal::SendMessage(view, WM_PAINT, 0, 0); }
-    uint32_t pixel(int x, int y) const;
+    uint32_t pixel(int x, int y) const;  // of the graph's off-screen bitmap
     int countPixels(uint32_t color, int left, int top, int right, int bottom) const;
     POINT screenPoint(int x, int y) const;
+
+    // Writes the host window's picture to the screenshot directory and reads
+    // it back; `at` is its colour at a client point of `window`.
+    void save(const char* name);
+    uint32_t at(HWND window, int x, int y) const;
 
     EqInstance* instance = nullptr;
     HWND hostWindow = nullptr;
     HWND view = nullptr;
-};
-
-// The editor already open in a host window of the default size, with the
-// notices of the opening cleared.
-class OpenEditorTest : public EditorTest {
-protected:
-    void SetUp() override {
-        EditorTest::SetUp();
-        if (!HasFatalFailure()) openEditorIn(kHostWidth, kHostHeight);
-        clearNotices();
-    }
+    std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)> image{nullptr,
+                                                                       cairo_surface_destroy};
 };
