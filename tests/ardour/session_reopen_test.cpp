@@ -1,6 +1,5 @@
-// Ombro's state kept by Ardour: a session saved with six bands, opened,
-// saved again by Ardour and opened once more, gives back every band's
-// parameters and the very chunk it was given.
+// A session saved with six bands, opened, saved again by Ardour and opened
+// once more gives back every band's parameters and the chunk.
 #include <cmath>
 
 #include "tests/ardour/ardour_sandbox.h"

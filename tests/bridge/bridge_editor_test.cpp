@@ -1,6 +1,5 @@
-// The editor in real X windows: frames of the test's own stand for a host's
-// windows, the bridge shows an editor inside each, and XTest plays the user.
-// The host idles the editors about every 40 ms, as hosts do.
+// The editor in X windows of the test's own standing for a host's, XTest
+// playing the user, the editors idled about every 40 ms as hosts do.
 #include <chrono>
 #include <map>
 #include <thread>
@@ -53,9 +52,8 @@ void drag(HostedEffect& hosted, const HostFrame& frame, Point from, Point to) {
     idle(hosted, 3);
 }
 
-// Two instances' editors side by side, the second's first band raised, so
-// that each shows its own picture; the first instance's selected handle is
-// dragged up and to the right.
+// Two editors side by side, each showing its own bands; the first one's
+// selected handle dragged up and to the right.
 TEST_F(BridgeInstanceTest, DragInOneOfTwoEditorsMovesItsHandleAndAutomatesOnlyItsParameters) {
     if (testDisplayName().empty()) GTEST_SKIP() << "Xvfb is not installed";
     HostedEffect second(builtBridge());

@@ -1,10 +1,6 @@
-// What a plain host sees of the bridge: the equalizer's identity, both
-// processing entries, the dispatcher's answers passed through, the editor's
-// size, and no private request ever reaching the host.
+// What a plain host sees of the bridge; no private request reaches it.
 #include "contracts/host_extensions.h"
 #include "tests/bridge/plain_host.h"
-
-namespace {
 
 TEST_F(BridgeInstanceTest, PresentsTheEqualizerWithBothProcessingEntries) {
     EXPECT_EQ(effect()->magic, kEffectMagic);
@@ -38,5 +34,3 @@ TEST_F(BridgeInstanceTest, PassesDispatcherRequestsThrough) {
     EXPECT_EQ(hosted_->dispatch(effCanBeAutomated, kDefaultParameterCount - 1), 1);
     EXPECT_EQ(hosted_->dispatch(effCanBeAutomated, kDefaultParameterCount), 0);
 }
-
-}  // namespace
