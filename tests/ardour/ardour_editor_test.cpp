@@ -7,7 +7,6 @@
 #include <thread>
 
 #include "tests/ardour/ardour_sandbox.h"
-#include "tests/ardour/session_file.h"
 // X11's macros (None, Bool, ...) clash with GoogleTest's names: X comes last.
 #include "tests/bridge/test_display.h"
 
@@ -61,8 +60,7 @@ int ignoreXError(Display*, XErrorEvent*) { return 0; }
 
 TEST_F(ArdourSessionTest, BandAddedInTheEditorIsSavedWithTheSession) {
     if (testDisplayName().empty()) GTEST_SKIP() << "no Xvfb";
-    createSession("editor");
-    SessionFile session(path("editor"), "editor");
+    SessionFile session = createSession("editor");
     ASSERT_TRUE(session.markPluginWindowOpen() && session.save());
     // Ardour's first-run questions answered beforehand.
     std::filesystem::create_directories(path("home/.config/ardour7"));

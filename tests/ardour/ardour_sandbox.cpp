@@ -97,10 +97,11 @@ void ArdourSessionTest::TearDown() {
     if (!root_.empty() && !getenv("OMBRO_KEEP_ARDOUR_SANDBOX")) fs::remove_all(root_, ignored);
 }
 
-void ArdourSessionTest::createSession(const std::string& name) {
+SessionFile ArdourSessionTest::createSession(const std::string& name) {
     ChildResult created =
         runChild({OMBRO_ARDOUR_LUA, OMBRO_ARDOUR_FILES "/scripts/create_session.lua", path(name), name, "Ombro"}, 40);
-    ASSERT_EQ(created.exitCode, 0) << created.output;
+    EXPECT_EQ(created.exitCode, 0) << created.output;
+    return SessionFile(path(name), name);
 }
 
 std::vector<float> ArdourSessionTest::reopenSession(const std::string& name, const std::string& snapshot,

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/ardour/session_file.h"
+
 struct ChildResult {
     int exitCode = -1;  // -1 when killed at the time limit
     std::string output;
@@ -45,8 +47,8 @@ protected:
     void SetUp() override;
     void TearDown() override;
     std::string path(const std::string& name) const { return root_ + "/" + name; }
-    // A new session `name` (folder and snapshot) with Ombro on the stereo track "Ombro".
-    void createSession(const std::string& name);
+    // A new session `name` with Ombro on the stereo track "Ombro", to edit.
+    SessionFile createSession(const std::string& name);
     // The plug-in's parameter values; with `saveAs` Ardour saves the session again.
     std::vector<float> reopenSession(const std::string& name, const std::string& snapshot,
                                      const std::string& saveAs = "");

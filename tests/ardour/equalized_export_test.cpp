@@ -6,7 +6,6 @@
 #include <numbers>
 
 #include "tests/ardour/ardour_sandbox.h"
-#include "tests/ardour/session_file.h"
 
 namespace {
 
@@ -45,8 +44,7 @@ TEST_F(ArdourSessionTest, EqualizedFileMatchesStandInHostSamples) {
     }
     ASSERT_TRUE(writeWav(path("input.wav"), input));
     const std::vector<unsigned char> chunk = addedBandsChunk();
-    createSession("equalized");
-    SessionFile session(path("equalized"), "equalized");
+    SessionFile session = createSession("equalized");
     ASSERT_TRUE(session.placeAudio(path("input.wav"), kFrames));
     ASSERT_TRUE(session.replacePluginChunk(chunk));
     ASSERT_TRUE(session.save());

@@ -1,5 +1,4 @@
-// Edits of a saved Ardour 7 session file that Ardour's Lua cannot make
-// without its GUI.
+// Edits of a saved Ardour 7 session file that Ardour's Lua cannot make.
 #pragma once
 
 #include <cstdint>

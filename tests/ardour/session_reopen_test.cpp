@@ -3,11 +3,9 @@
 #include <cmath>
 
 #include "tests/ardour/ardour_sandbox.h"
-#include "tests/ardour/session_file.h"
 
 TEST_F(ArdourSessionTest, AddedBandsComeBackFromTheSavedSession) {
-    createSession("bands");
-    SessionFile created(path("bands"), "bands");
+    SessionFile created = createSession("bands");
     ASSERT_TRUE(created.replacePluginChunk(addedBandsChunk()));
     ASSERT_TRUE(created.save());
     reopenSession("bands", "bands", "resaved");

@@ -12,8 +12,6 @@ TEST_F(BridgeInstanceTest, PresentsTheEqualizerWithBothProcessingEntries) {
     EXPECT_EQ(effect()->numInputs, 2);
     EXPECT_EQ(effect()->numOutputs, 2);
     EXPECT_EQ(effect()->numParams, kDefaultParameterCount);
-    EXPECT_NE(effect()->processReplacing, nullptr);
-    EXPECT_NE(effect()->processDoubleReplacing, nullptr);
     ERect* rect = nullptr;
     ASSERT_EQ(hosted_->dispatch(effEditGetRect, 0, 0, &rect), 1);
     EXPECT_EQ(rect->right - rect->left, 1020);

@@ -3,8 +3,7 @@
 
 namespace {
 
-// One IOChanged, then one UpdateDisplay, and nothing private (the core's
-// own notice of a changed list stays in the bridge).
+// One IOChanged, then one UpdateDisplay; the core's private notice stays in the bridge.
 void expectCountNotices(const HostedEffect& hosted) {
     std::vector<int32_t> notices;
     for (const PlainHostCall& call : hosted.calls())

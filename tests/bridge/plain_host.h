@@ -32,8 +32,7 @@ struct LoadedPlugin {
 // The build's bridge, loaded once per test process and kept.
 LoadedPlugin& builtBridge();
 
-// One instance: opened, told the sample rate and block size, switched on;
-// switched off and closed on destruction.
+// One instance: opened, set up and switched on; switched off and closed at the end.
 struct HostedEffect {
     static constexpr int32_t kBlockSize = 256;
 

@@ -21,8 +21,7 @@ void pressButton(Display* display, bool down);
 void savePicture(const std::vector<uint32_t>& pixels, int width, int height,
                  const std::string& name);
 
-// A connection of the test's own and a mapped top-level window on it,
-// `left` pixels from the screen's left edge.
+// A connection of its own and a mapped top-level window `left` pixels from the screen's left edge.
 struct HostFrame {
     HostFrame(int width, int height, int left = 0);
     ~HostFrame();
