@@ -7,15 +7,15 @@
 
 namespace bridge {
 
-BridgeEditor::BridgeEditor(AEffect* core, HWND hostWindow, int place, EditorSize size)
-    : core_(core), hostWindow_(hostWindow), place_(place), size_(size) {}
+BridgeEditor::BridgeEditor(AEffect* core, HWND hostWindow, int place)
+    : core_(core), hostWindow_(hostWindow), place_(place) {}
 
 std::unique_ptr<BridgeEditor> BridgeEditor::open(AEffect* core, unsigned long parentXWindow,
                                                  EditorSize size) {
     int place = -1;
     RECT rect = claimEditorPlace(size.width, size.height, place);
     HWND hostWindow = kobal_layer::createHostWindow("Ombro", rect);
-    std::unique_ptr<BridgeEditor> editor(new BridgeEditor(core, hostWindow, place, size));
+    std::unique_ptr<BridgeEditor> editor(new BridgeEditor(core, hostWindow, place));
     if (!hostWindow || !core->dispatcher(core, effEditOpen, 0, 0, hostWindow, 0.0f)) return nullptr;
     editor->view_ = x11_front::LayerWindowView::open(hostWindow, parentXWindow, "Ombro");
     if (!editor->view_) return nullptr;
@@ -30,12 +30,6 @@ BridgeEditor::~BridgeEditor() {
     releaseEditorPlace(place_);
 }
 
-bool BridgeEditor::idle() {
-    view_->idle();
-    int width = 0, height = 0;
-    if (!view_->sizeChanged(width, height)) return false;
-    size_ = {width, height};
-    return true;
-}
+void BridgeEditor::idle() { view_->idle(); }
 
 }  // namespace bridge

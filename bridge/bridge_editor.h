@@ -36,18 +36,15 @@ public:
     BridgeEditor& operator=(const BridgeEditor&) = delete;
 
     // Feeds the X events in and runs the layer's queued messages and due
-    // timers (on the real clock), then redraws. True when the editor's size
-    // changed; size() then gives the new one.
-    bool idle();
-    EditorSize size() const { return size_; }
+    // timers (on the real clock), then redraws.
+    void idle();
 
 private:
-    BridgeEditor(AEffect* core, HWND hostWindow, int place, EditorSize size);
+    BridgeEditor(AEffect* core, HWND hostWindow, int place);
 
     AEffect* core_;
     HWND hostWindow_;
     int place_;
-    EditorSize size_;
     std::unique_ptr<x11_front::LayerWindowView> view_;
 };
 

@@ -1,7 +1,5 @@
-// Ardour with a home of its own: the build installed into a temporary
-// prefix, Ardour's configuration and plug-in cache in a temporary folder
-// (the user's Ardour set-up is never read or written), Ombro scanned once,
-// and Ardour's tools run against it with time limits.
+// Ardour with a home of its own (the user's set-up is never read or
+// written): the build installed into a temporary prefix and scanned.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,17 +8,17 @@
 #include <string>
 #include <vector>
 
+#include "tests/ardour/session_file.h"
+
 struct ChildResult {
-    int exitCode = -1;   // -1 when it did not exit (killed at the time limit)
-    std::string output;  // standard output and standard error
+    int exitCode = -1;  // -1 when killed at the time limit
+    std::string output;
 };
 
-// Runs a program in a process group of its own to its end or to the time
-// limit; the group ends with it.
+// Runs a program in a process group of its own, which ends with it.
 ChildResult runChild(const std::vector<std::string>& argv, int timeLimitSeconds = 60);
 
-// A program left running beside the test (Ardour's GUI) with its output to
-// a file, ended with its process group when the object goes.
+// A program left running beside the test, its output to a file.
 class BackgroundChild {
 public:
     BackgroundChild(const std::vector<std::string>& argv, const std::string& outputPath);
@@ -31,8 +29,7 @@ private:
     pid_t pid_;
 };
 
-// Six peaking bands (type 8), two more than a fresh instance has, one of
-// them disabled.
+// Six peaking bands (type 8), one of them disabled.
 struct BandSetting {
     int32_t type, enabled;
     double frequency, gainDb, bandwidth;
@@ -50,10 +47,9 @@ protected:
     void SetUp() override;
     void TearDown() override;
     std::string path(const std::string& name) const { return root_ + "/" + name; }
-    // A new session `name` (folder and snapshot) with Ombro on the stereo track "Ombro".
-    void createSession(const std::string& name);
-    // Opens the session and returns the plug-in's parameter values; with
-    // `saveAs` Ardour saves it again under that snapshot name.
+    // A new session `name` with Ombro on the stereo track "Ombro", to edit.
+    SessionFile createSession(const std::string& name);
+    // The plug-in's parameter values; with `saveAs` Ardour saves the session again.
     std::vector<float> reopenSession(const std::string& name, const std::string& snapshot,
                                      const std::string& saveAs = "");
 

@@ -21,16 +21,10 @@ std::string base64(const std::string& folder, const std::string& option, const s
 
 // A region of the stereo file of sources 90001 and 90002 (ids far above
 // Ardour's own), at the start, without fades.
-std::string region(int id, bool wholeFile, int64_t frames) {
-    return "<Region name=\"ombro_input\" muted=\"0\" opaque=\"1\" locked=\"0\" video-locked=\"0\" "
-           "automatic=\"0\" whole-file=\"" + std::to_string(wholeFile) +
-           "\" import=\"0\" external=\"0\" sync-marked=\"0\" left-of-split=\"0\" right-of-split=\"0\" "
-           "hidden=\"0\" position-locked=\"0\" valid-transients=\"0\" start=\"0\" length=\"" +
+std::string region(int64_t frames) {
+    return "<Region name=\"ombro_input\" type=\"audio\" id=\"90004\" start=\"0\" position=\"0\" length=\"" +
            std::to_string(frames) +
-           "\" position=\"0\" sync-position=\"0\" ancestral-start=\"0\" ancestral-length=\"0\" stretch=\"1\" "
-           "shift=\"1\" layering-index=\"0\" envelope-active=\"0\" default-fade-in=\"0\" default-fade-out=\"0\" "
-           "fade-in-active=\"0\" fade-out-active=\"0\" scale-amplitude=\"1\" id=\"" + std::to_string(id) +
-           "\" type=\"audio\" first-edit=\"nothing\" source-0=\"90001\" source-1=\"90002\" "
+           "\" fade-in-active=\"0\" fade-out-active=\"0\" source-0=\"90001\" source-1=\"90002\" "
            "master-source-0=\"90001\" master-source-1=\"90002\" channels=\"2\"/>";
 }
 
@@ -66,10 +60,9 @@ bool SessionFile::placeAudio(const std::string& wavPath, int64_t frames) {
     if (error || !std::regex_search(text_, playlist, std::regex("<Playlist [^>]*name=\"Ombro\" type=\"audio\"[^>]*/>")))
         return false;
     text_.replace(playlist.position(0), playlist.length(0),
-                  playlist.str(0).substr(0, playlist.length(0) - 2) + ">" + region(90004, false, frames) +
+                  playlist.str(0).substr(0, playlist.length(0) - 2) + ">" + region(frames) +
                       "</Playlist>");
     return replaceOnce("<Sources/>", "<Sources>" + sources + "</Sources>") &&
-           replaceOnce("<Regions/>", "<Regions>" + region(90003, true, frames) + "</Regions>") &&
            replaceOnce("<Locations/>", "<Locations><Location id=\"90005\" name=\"session\" start=\"0\" end=\"" +
                                            std::to_string(frames) + "\" flags=\"IsSessionRange\" locked=\"0\" timestamp=\"0\"/></Locations>");
 }

@@ -1,14 +1,11 @@
-// Ombro's state kept by Ardour: a session saved with six bands, opened,
-// saved again by Ardour and opened once more, gives back every band's
-// parameters and the very chunk it was given.
+// A session saved with six bands, opened, saved again by Ardour and opened
+// once more gives back every band's parameters and the chunk.
 #include <cmath>
 
 #include "tests/ardour/ardour_sandbox.h"
-#include "tests/ardour/session_file.h"
 
 TEST_F(ArdourSessionTest, AddedBandsComeBackFromTheSavedSession) {
-    createSession("bands");
-    SessionFile created(path("bands"), "bands");
+    SessionFile created = createSession("bands");
     ASSERT_TRUE(created.replacePluginChunk(addedBandsChunk()));
     ASSERT_TRUE(created.save());
     reopenSession("bands", "bands", "resaved");

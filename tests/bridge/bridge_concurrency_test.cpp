@@ -1,7 +1,5 @@
-// The threads a host calls a plug-in from, all at once: audio on one,
-// automation on another, the editor opened and idled on a third, while the
-// GUI thread asks for texts and chunks and adds a band. Run under the
-// address and thread sanitizers in CI.
+// Audio, automation, the editor and GUI requests (texts, chunks, a band
+// added) on four threads at once; CI runs it under the sanitizers.
 #include <atomic>
 #include <chrono>
 #include <cmath>
@@ -42,10 +40,7 @@ TEST(BridgeConcurrency, EditorAudioAutomationAndGuiRequestsRunTogether) {
     for (int round = 0; round < 20; ++round, std::this_thread::sleep_for(std::chrono::milliseconds(5))) {
         hosted.text(effGetParamDisplay, round % kDefaultParameterCount);
         hosted.chunk();
-        int32_t firstNotchFrequency = 3;
-        if (round == 10)
-            hosted.dispatch(effVendorSpecific, static_cast<int32_t>(0xDEADBF0F),
-                            reinterpret_cast<intptr_t>(&firstNotchFrequency), nullptr, 2000.0f);
+        if (round == 10) addNotchBand(hosted);
     }
     editor.join();
     stop = true;

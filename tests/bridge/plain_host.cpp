@@ -96,3 +96,9 @@ void HostedEffect::clearCalls() {
     std::lock_guard lock(callsMutex);
     std::erase_if(recordedCalls, [this](const PlainHostCall& call) { return call.effect == effect; });
 }
+
+intptr_t addNotchBand(HostedEffect& hosted) {
+    int32_t address = 3;
+    return hosted.dispatch(effVendorSpecific, static_cast<int32_t>(0xDEADBF0F),
+                           reinterpret_cast<intptr_t>(&address), nullptr, 2000.0f);
+}

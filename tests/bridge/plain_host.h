@@ -1,7 +1,6 @@
-// A plain VST 2 host as a digital audio workstation is one: it loads the
-// bridge's shared object with RTLD_LOCAL, offers no extension functions and
-// no windowing layer, answers only the host version, sample rate and block
-// size, and records every call the plug-in makes into it.
+// A plain VST 2 host: it loads the bridge with RTLD_LOCAL, offers no
+// extension functions and no windowing layer, answers only the host version,
+// sample rate and block size, and records every call the plug-in makes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -23,20 +22,17 @@ struct PlainHostCall {
 // Every call recorded, whatever effect it named.
 std::vector<PlainHostCall> plainHostCalls();
 
-// The shared object, opened RTLD_NOW | RTLD_LOCAL (a failure when it cannot be).
+// The shared object, opened RTLD_NOW | RTLD_LOCAL.
 struct LoadedPlugin {
     explicit LoadedPlugin(const std::string& path);
     ~LoadedPlugin();
     void* handle = nullptr;
 };
 
-// The build's bridge (Ombro.so beside the core), loaded once per test
-// process and kept, as a host keeps its plug-ins.
+// The build's bridge, loaded once per test process and kept.
 LoadedPlugin& builtBridge();
 
-// One instance: opened, told the sample rate and block size, switched on;
-// switched off and closed on destruction. `effect` is null when the plug-in
-// gave no instance.
+// One instance: opened, set up and switched on; switched off and closed at the end.
 struct HostedEffect {
     static constexpr int32_t kBlockSize = 256;
 
@@ -44,7 +40,7 @@ struct HostedEffect {
     ~HostedEffect();
     intptr_t dispatch(int32_t opcode, int32_t index = 0, intptr_t value = 0, void* ptr = nullptr,
                       float opt = 0.0f);
-    std::string text(int32_t opcode, int32_t index = 0);  // effGetParamName and friends
+    std::string text(int32_t opcode, int32_t index = 0);
     std::vector<uint8_t> chunk();
     void setChunk(std::vector<uint8_t> chunk);
     void setParameter(int32_t index, float value) { effect->setParameter(effect, index, value); }
@@ -56,7 +52,10 @@ struct HostedEffect {
     AEffect* const effect;
 };
 
-// A test with one freshly opened instance of the built bridge.
+// The editor's request that sets a value of a band not there yet: the
+// frequency of the first notch band (kind 3, ordinal 0, value 0) adds it.
+intptr_t addNotchBand(HostedEffect& hosted);
+
 class BridgeInstanceTest : public testing::Test {
 protected:
     void SetUp() override { ASSERT_NE(hosted_->effect, nullptr); }
@@ -64,5 +63,4 @@ protected:
     std::unique_ptr<HostedEffect> hosted_ = std::make_unique<HostedEffect>(builtBridge());
 };
 
-// The default band set has four bands.
 constexpr int32_t kDefaultParameterCount = 12;

@@ -52,10 +52,9 @@ void pressButton(Display* display, bool down) {
 void savePicture(const std::vector<uint32_t>& pixels, int width, int height,
                  const std::string& name) {
     std::filesystem::create_directories(OMBRO_TEST_OUTPUT_DIR);
-    std::vector<uint32_t> opaque(pixels);
-    for (uint32_t& pixel : opaque) pixel |= 0xFF000000u;
     cairo_surface_t* surface = cairo_image_surface_create_for_data(
-        reinterpret_cast<unsigned char*>(opaque.data()), CAIRO_FORMAT_ARGB32, width, height, width * 4);
+        reinterpret_cast<unsigned char*>(const_cast<uint32_t*>(pixels.data())), CAIRO_FORMAT_RGB24, width,
+        height, width * 4);
     cairo_surface_write_to_png(surface, (std::string(OMBRO_TEST_OUTPUT_DIR) + "/" + name).c_str());
     cairo_surface_destroy(surface);
 }
