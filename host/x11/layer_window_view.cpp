@@ -94,7 +94,6 @@ struct LayerWindowView::State {
     uint64_t paintsShown = 0;
     bool pictureStale = true;
     bool exposed = false;
-    bool sizeReportPending = false;
     bool closeAsked = false;
     bool windowGone = false;
 
@@ -164,7 +163,6 @@ void LayerWindowView::State::followLayerSize() {
     shownSize = size;
     XResizeWindow(display, window, static_cast<unsigned>(size.width),
                   static_cast<unsigned>(size.height));
-    sizeReportPending = true;
     pictureStale = true;
 }
 
@@ -222,14 +220,6 @@ void LayerWindowView::idle() {
     state.pointerShape->follow(state.window);
     state.redraw();
     XFlush(state.display);
-}
-
-bool LayerWindowView::sizeChanged(int& width, int& height) {
-    if (!state_->sizeReportPending) return false;
-    state_->sizeReportPending = false;
-    width = state_->shownSize.width;
-    height = state_->shownSize.height;
-    return true;
 }
 
 unsigned long LayerWindowView::xWindow() const { return state_->window; }

@@ -12,9 +12,8 @@
 //    keyboard focus) are fed into the layer's input paths;
 //  - the layer's queued messages and due timers run on the layer's clock
 //    (real time unless a test switched it);
-//  - when the layer window changes size, the X window follows (and
-//    sizeChanged() tells); a top-level X window resized by the user resizes
-//    the layer window.
+//  - when the layer window changes size, the X window follows; a top-level
+//    X window resized by the user resizes the layer window.
 // Protocol errors on the view's own connection never end the process (the
 // host may destroy the parent window first).
 // Visuals: 24- and 32-bit TrueColor only; open() answers null for others.
@@ -48,9 +47,6 @@ public:
     // Drains the X events into the layer, pumps the layer's messages and
     // timers, follows its size and redraws what changed.
     void idle();
-    // True once after the layer window's size changed (the X window has
-    // already followed); gives the new size in pixels.
-    bool sizeChanged(int& width, int& height);
     // The X window that shows the layer window.
     unsigned long xWindow() const;
     // True when the window manager asked to close a top-level view, the X

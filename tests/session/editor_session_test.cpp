@@ -80,4 +80,21 @@ TEST_F(EditorSession, TypedGainAndBandButtonsReachTheHostInOrder) {
     EXPECT_TRUE(kobal_layer::liveWindow(host)->children.empty());
 }
 
+
+// Host automation shows in the panel at the next poll, not before, and tells
+// the host nothing back.
+TEST_F(EditorSession, HostAutomationReachesThePanelOnTheNextPoll) {
+    HWND gain = panelItem(kPanelGainEdit);
+    kobal_layer::advanceTestClock(40);  // a first poll, so the next is a whole period away
+    kobal_layer::pumpMessages();
+    session->setParameter(1, 0.5f);  // band 1's gain to 2.0
+    kobal_layer::advanceTestClock(39);
+    kobal_layer::pumpMessages();
+    EXPECT_EQ(kobal_layer::liveWindow(gain)->text, "0.0");
+    kobal_layer::advanceTestClock(1);
+    kobal_layer::pumpMessages();
+    EXPECT_EQ(kobal_layer::liveWindow(gain)->text, "6.0");
+    EXPECT_TRUE(session->hostCalls().empty());
+}
+
 }  // namespace
