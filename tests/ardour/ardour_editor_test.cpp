@@ -87,8 +87,8 @@ TEST_F(ArdourSessionTest, BandAddedInTheEditorIsSavedWithTheSession) {
     Window main = findWindow(display, DefaultRootWindow(display), named("editor - Ardour"));
     ASSERT_EQ(windowName(display, main).rfind('*', 0), std::string::npos);
     movePointer(display, editor, 53, 613);
-    pressButton(display, true);
-    pressButton(display, false);
+    pressButton(display, Button1, true);
+    pressButton(display, Button1, false);
     EXPECT_TRUE(waitFor(20, [&] { return windowName(display, main).rfind('*', 0) == 0; }));
     // Ctrl+S, the keyboard focus given first (Xvfb runs no window manager).
     XSetInputFocus(display, main, RevertToParent, CurrentTime);

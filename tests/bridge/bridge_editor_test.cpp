@@ -37,14 +37,14 @@ void idle(HostedEffect& hosted, int times = 1) {
 void drag(HostedEffect& hosted, const HostFrame& frame, Point from, Point to) {
     movePointer(frame.display, frame.window, from.x, from.y);
     idle(hosted);
-    pressButton(frame.display, true);
+    pressButton(frame.display, Button1, true);
     for (int step = 1; step <= 4; ++step) {
         idle(hosted);
         movePointer(frame.display, frame.window, from.x + (to.x - from.x) * step / 4,
                     from.y + (to.y - from.y) * step / 4);
     }
     idle(hosted);
-    pressButton(frame.display, false);
+    pressButton(frame.display, Button1, false);
     idle(hosted, 3);
 }
 

@@ -2,8 +2,6 @@
 
 #include "tests/x11/xvfb_server.h"
 
-#include <X11/Xutil.h>
-#include <X11/extensions/XTest.h>
 #include <cairo.h>
 
 #include <filesystem>
@@ -11,42 +9,6 @@
 const std::string& testDisplayName() {
     static XvfbServer server("2100x800x24");
     return server.display();
-}
-
-std::vector<Window> childWindows(Display* display, Window window) {
-    Window root = 0, parent = 0, *children = nullptr;
-    unsigned count = 0;
-    std::vector<Window> result;
-    if (XQueryTree(display, window, &root, &parent, &children, &count) && children) {
-        result.assign(children, children + count);
-        XFree(children);
-    }
-    return result;
-}
-
-std::vector<uint32_t> windowPixels(Display* display, Window window, int x, int y, int width,
-                                   int height) {
-    std::vector<uint32_t> pixels;
-    XImage* image = XGetImage(display, window, x, y, static_cast<unsigned>(width),
-                              static_cast<unsigned>(height), AllPlanes, ZPixmap);
-    if (!image) return pixels;
-    for (int row = 0; row < height; ++row)
-        for (int column = 0; column < width; ++column)
-            pixels.push_back(static_cast<uint32_t>(XGetPixel(image, column, row)) & 0xFFFFFFu);
-    XDestroyImage(image);
-    return pixels;
-}
-
-void movePointer(Display* display, Window window, int x, int y) {
-    Window child = 0;
-    XTranslateCoordinates(display, window, DefaultRootWindow(display), x, y, &x, &y, &child);
-    XTestFakeMotionEvent(display, DefaultScreen(display), x, y, CurrentTime);
-    XSync(display, False);
-}
-
-void pressButton(Display* display, bool down) {
-    XTestFakeButtonEvent(display, 1, down ? True : False, CurrentTime);
-    XSync(display, False);
 }
 
 void savePicture(const std::vector<uint32_t>& pixels, int width, int height,

@@ -17,6 +17,7 @@
 #include <memory>
 
 #include "tests/host/program_runner.h"
+#include "tests/x11/x_actions.h"
 #include "tests/x11/xvfb_server.h"
 
 namespace {
@@ -47,40 +48,25 @@ public:
 
     // The program's window: the one shown top-level window on the test's own server, or 0.
     Window programWindow() const {
-        Window root = 0, parent = 0, *children = nullptr, shown = 0;
-        unsigned int count = 0;
-        XQueryTree(display_, DefaultRootWindow(display_), &root, &parent, &children, &count);
-        for (unsigned int i = 0; i < count; ++i) {
+        Window shown = 0;
+        for (Window child : childWindows(display_, DefaultRootWindow(display_))) {
             XWindowAttributes attributes{};
-            if (XGetWindowAttributes(display_, children[i], &attributes) &&
+            if (XGetWindowAttributes(display_, child, &attributes) &&
                 attributes.map_state == IsViewable)
-                shown = children[i];
+                shown = child;
         }
-        if (children) XFree(children);
         return shown;
     }
-    std::vector<unsigned long> picture(Window window) const {
-        std::vector<unsigned long> pixels;
-        XImage* image = XGetImage(display_, window, 0, 0, 800, 500, AllPlanes, ZPixmap);
-        for (int y = 0; image && y < 500; ++y)
-            for (int x = 0; x < 800; ++x) pixels.push_back(XGetPixel(image, x, y));
-        if (image) XDestroyImage(image);
-        return pixels;
+    std::vector<uint32_t> picture(Window window) const {
+        return windowPixels(display_, window, 0, 0, 800, 500);
     }
-    XPoint onScreen(Window window, XPoint point) const {
-        int x = 0, y = 0;
-        Window child = 0;
-        XTranslateCoordinates(display_, window, DefaultRootWindow(display_), point.x, point.y, &x,
-                              &y, &child);
-        return {static_cast<short>(x), static_cast<short>(y)};
-    }
-    void moveTo(XPoint point) { sync(XTestFakeMotionEvent(display_, -1, point.x, point.y, 0)); }
-    void button(unsigned which, bool down) { sync(XTestFakeButtonEvent(display_, which, down, 0)); }
+    void moveTo(Window window, XPoint point) { movePointer(display_, window, point.x, point.y); }
+    void button(unsigned which, bool down) { pressButton(display_, which, down); }
     void key(KeySym key, bool down) {
         sync(XTestFakeKeyEvent(display_, XKeysymToKeycode(display_, key), down, 0));
     }
-    void click(unsigned int which, XPoint point) {
-        moveTo(point);
+    void click(Window window, unsigned int which, XPoint point) {
+        moveTo(window, point);
         button(which, true);
         button(which, false);
     }
@@ -131,10 +117,10 @@ protected:
         arguments.insert(arguments.end(), {"--size", "800x500", "--quit-after", "60"});
         program = startHostProgram(arguments);
         Window window = 0;
-        std::vector<unsigned long> previous;
+        std::vector<uint32_t> previous;
         pollUntil([&] {
             window = user->programWindow();
-            std::vector<unsigned long> now = window ? user->picture(window) : std::vector<unsigned long>{};
+            std::vector<uint32_t> now = window ? user->picture(window) : std::vector<uint32_t>{};
             bool still = !now.empty() && now == previous && now[20 * 800 + 15] != now[0];
             previous = now;
             return still;
@@ -164,20 +150,20 @@ struct UserEdit {
 };
 
 void perform(XUser& user, Window window, const UserEdit& edit) {
-    const XPoint at = user.onScreen(window, zeroDbPointOf(edit.band == 3 ? 1000.0 : 100.0));
-    if (edit.gesture == Gesture::Wheel) user.click(edit.heldKey, at);
+    const XPoint at = zeroDbPointOf(edit.band == 3 ? 1000.0 : 100.0);
+    if (edit.gesture == Gesture::Wheel) user.click(window, edit.heldKey, at);
     else if (edit.heldKey != NoSymbol) user.key(edit.heldKey, true);
     if (edit.gesture == Gesture::Drag) {
-        user.moveTo(at);
+        user.moveTo(window, at);
         user.button(Button1, true);
         for (short step = 1; step <= 8; ++step)
-            user.moveTo({static_cast<short>(at.x + 60 * step / 8), static_cast<short>(at.y - 5 * step)});
+            user.moveTo(window, {static_cast<short>(at.x + 60 * step / 8), static_cast<short>(at.y - 5 * step)});
         user.button(Button1, false);
     }
     for (int click = 0; click < 2 && edit.gesture == Gesture::DoubleClick; ++click)
-        user.click(Button1, at);
+        user.click(window, Button1, at);
     if (edit.gesture == Gesture::TypeGain) {
-        user.click(Button1, user.onScreen(window, kGainBox));
+        user.click(window, Button1, kGainBox);
         for (KeySym key : {XK_End, XK_BackSpace, XK_BackSpace, XK_BackSpace, XK_BackSpace,
                            XK_minus, XK_6, XK_Return}) {
             user.key(key, true);
@@ -248,7 +234,7 @@ TEST_F(EditProgram, PlayedRecordingMovesTheSpectra) {
     sf_close(file);
     Window window = start({"edit", "--audio", tone, "--play"});
     ASSERT_NE(window, 0u);
-    const std::vector<unsigned long> first = user->picture(window);
+    const std::vector<uint32_t> first = user->picture(window);
     EXPECT_TRUE(pollUntil([&] { return user->picture(window) != first; }));
     user->closeWindow(window);
     EXPECT_EQ(finish().exitCode, 0);
