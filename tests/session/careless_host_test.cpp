@@ -7,7 +7,9 @@
 
 namespace {
 
-TEST_F(SessionTest, CarelessHostCallsAnswerNothingAndChangeNothing) {
+using CarelessHost = SessionTest;
+
+TEST_F(CarelessHost, CallsOutsideWhatTheEffectAnswersReturnNothingAndChangeNothing) {
     const std::vector<uint8_t> before = session->chunk();
     for (int32_t opcode = -3; opcode <= 80; ++opcode) {
         if (opcode == effClose || opcode == effEditOpen) continue;  // the session's own to send
