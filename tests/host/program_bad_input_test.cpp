@@ -84,6 +84,7 @@ TEST(ProgramBadInput, FailsWithOneLineAndLeavesTheFolderUnchanged) {
         {{"response", "--band", "shelf,1k,6,1"}, 2, "unknown band type 'shelf'"},
         {{"response", "--band", "peak,1k,nan,1"}, 2, "gain is not a number: 'nan'"},
         {{"response", "--sample-rate", "768001"}, 2, "sample rate"},
+        {{"render-editor", "@/x.png", "--size", "0x10"}, 2, "window size out of range: 0x10"},
         {{"process", "@/tone.wav", "@/b.flac", "--format", "double"}, 2, "cannot hold 64-bit float"},
         {{"process", "@/tone.wav", "@/link.wav"}, 2, "must differ"},
         {{"edit", "--audio", "@/absent.wav"}, 1, "cannot read @/absent.wav"},

@@ -72,8 +72,4 @@ TEST(RenderEditorProgram, SpectraShowTheUsersAudioUpToTheChosenTime) {
     EXPECT_GT(whole - early, 250);
 }
 
-TEST(RenderEditorProgram, RefusesABadSize) {
-    EXPECT_EQ(runHostProgram({"render-editor", temporaryPath("x.png"), "--size", "0x10"}).exitCode, 2);
-}
-
 }  // namespace
