@@ -43,9 +43,13 @@ size_t setOf(const Shape& shape) {
 // than the short ones a curve is mostly made of.
 constexpr size_t kLargestKept = 512;
 
-Entry& entryFor(const Shape& shape) {
+std::vector<Set>& rememberedSets() {
     thread_local std::vector<Set> sets(kSets);
-    Set& set = sets[setOf(shape)];
+    return sets;
+}
+
+Entry& entryFor(const Shape& shape) {
+    Set& set = rememberedSets()[setOf(shape)];
     for (Entry& entry : set.ways)
         if (entry.filled && entry.shape == shape) return entry;
     Entry& entry = set.ways[set.oldest];
@@ -78,4 +82,8 @@ bool segmentCoverage(int32_t x1, int32_t y1, int32_t x2, int32_t y2, CoverageMas
     mask.alpha.assign(entry.mask.alpha.begin(), entry.mask.alpha.end());
     forgetIfLarge(entry);
     return true;
+}
+
+void forgetRememberedSegments() {
+    std::vector<Set>(kSets).swap(rememberedSets());
 }
