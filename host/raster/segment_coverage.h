@@ -11,12 +11,17 @@
 
 #include <cstdint>
 
-#include "host/raster/coverage_scan.h"
+// A segment's coverage bytes, row by row, over the pixels from (left, top);
+// the bytes stay as they are until the thread's next call.
+struct PlacedCoverage {
+    int left = 0, top = 0, width = 0, height = 0;
+    const uint8_t* alpha = nullptr;
+};
 
 // The coverage of the segment between the 24.8 fixed-point points (x1, y1)
 // and (x2, y2), placed in pixels; false where the scan gives up (then
 // nothing is remembered either).
-bool segmentCoverage(int32_t x1, int32_t y1, int32_t x2, int32_t y2, CoverageMask& mask);
+bool segmentCoverage(int32_t x1, int32_t y1, int32_t x2, int32_t y2, PlacedCoverage& coverage);
 // Forgets every shape remembered on the calling thread, as if the curves had
 // all changed since the last paint (for timing the scan itself).
 void forgetRememberedSegments();
