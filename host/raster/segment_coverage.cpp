@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "host/raster/column_segments.h"
 #include "host/raster/coverage_scan.h"
 #include "host/raster/segment_outline.h"
 
@@ -93,6 +94,7 @@ const CoverageMask& takenIfLarge(Entry& entry) {
 }  // namespace
 
 bool segmentCoverage(int32_t x1, int32_t y1, int32_t x2, int32_t y2, PlacedCoverage& coverage) {
+    if (recallColumnSegment(x1, y1, x2, y2, coverage)) return true;
     const Shape shape{x1 & 255, y1 & 255, x2 - x1, y2 - y1};
     Entry& entry = entryFor(shape);
     if (!entry.scanned) return false;
@@ -102,9 +104,11 @@ bool segmentCoverage(int32_t x1, int32_t y1, int32_t x2, int32_t y2, PlacedCover
     coverage.width = mask.width;
     coverage.height = mask.height;
     coverage.alpha = mask.alpha.data();
+    keepColumnSegment(x1, y1, x2, y2, coverage);
     return true;
 }
 
 void forgetRememberedSegments() {
     std::vector<Set>(kSets).swap(rememberedSets());
+    forgetColumnSegments();
 }
