@@ -1,10 +1,10 @@
 // Painting the response graph: milliseconds per paint of a 1200 by 600 graph
 // with 32 bands, with and without the phase curve and the spectra, drawn by
 // the stand-in host's raster library into the back buffer; and, for
-// comparison, the evaluation of the summed response alone. The raster
-// library remembers the coverage of the segments it drew lately, so each case
-// is timed twice: repainting curves it has just drawn, and with everything it
-// remembers forgotten before each paint (curves changed, as while a band is
+// comparison, the evaluation of the summed response alone. The paint keeps
+// its last evaluation and the raster library the coverage of the segments it
+// drew lately, so each case is timed twice: repainting curves just drawn, and
+// with both forgotten before each paint (curves changed, as while a band is
 // dragged). Live spectra get new audio before each paint, as in the editor,
 // where the spectra change every frame while the response mostly does not.
 #include <algorithm>
@@ -28,6 +28,7 @@
 #include "view/graph_axes.h"
 #include "view/graph_paint.h"
 #include "view/graph_snapshot.h"
+#include "view/last_response.h"
 #include "view/response_curve.h"
 
 namespace {
@@ -107,7 +108,10 @@ double millisecondsPerPaint(EqInstance* instance, const PaintCase& paintCase, bo
                              instance->inputAnalyzer.hasNewData = 1;
                              instance->outputAnalyzer.hasNewData = 1;
                          }
-                         if (curvesChanged) forgetRememberedSegments();
+                         if (curvesChanged) {  // evaluated and scanned afresh
+                             forgetSummedResponse();
+                             forgetRememberedSegments();
+                         }
                      },
                      [&] { renderGraph(*instance, nullptr, kGraphWidth, kGraphHeight); });
 }
