@@ -76,7 +76,8 @@ bool gridEdge(const OutlineEdge& input, Edge& e) {
     if (e.ybot <= e.ytop) return false;
     e.heightLeft = e.ybot - e.ytop;
     e.dir = input.dir;
-    e.dxdy = e.dxdyFull = {0, 0};
+    e.dxdy = {0, 0};  // each set on its own: copying one just written to the other stalls
+    e.dxdyFull = {0, 0};
     e.dy = e.halfDy = 0;
     if (input.bottomX == input.topX) {
         e.cell = input.topX;
