@@ -95,4 +95,7 @@ void keepColumnSegment(int32_t x1, int32_t y1, int32_t x2, int32_t y2,
     std::memcpy(slot.alpha, coverage.alpha, static_cast<size_t>(coverage.width) * coverage.height);
 }
 
-void forgetColumnSegments() { std::vector<Column>().swap(columns()); }
+void forgetColumnSegments() {
+    for (Column& column : columns())
+        for (Slot& slot : column.ways) slot.filled = slot.used = false;
+}

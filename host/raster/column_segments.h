@@ -15,5 +15,5 @@ bool recallColumnSegment(int32_t x1, int32_t y1, int32_t x2, int32_t y2, PlacedC
 // Keeps `coverage` (if small enough) for the segment between these ends.
 void keepColumnSegment(int32_t x1, int32_t y1, int32_t x2, int32_t y2,
                        const PlacedCoverage& coverage);
-// Forgets every segment kept on the calling thread.
+// Forgets every segment kept on the calling thread; the memory stays.
 void forgetColumnSegments();

@@ -109,6 +109,7 @@ bool segmentCoverage(int32_t x1, int32_t y1, int32_t x2, int32_t y2, PlacedCover
 }
 
 void forgetRememberedSegments() {
-    std::vector<Set>(kSets).swap(rememberedSets());
+    for (Set& set : rememberedSets())
+        for (Entry& entry : set.ways) entry.filled = entry.used = false;
     forgetColumnSegments();
 }

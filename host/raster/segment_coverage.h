@@ -22,6 +22,7 @@ struct PlacedCoverage {
 // and (x2, y2), placed in pixels; false where the scan gives up (then
 // nothing is remembered either).
 bool segmentCoverage(int32_t x1, int32_t y1, int32_t x2, int32_t y2, PlacedCoverage& coverage);
-// Forgets every shape remembered on the calling thread, as if the curves had
-// all changed since the last paint (for timing the scan itself).
+// Forgets every segment remembered on the calling thread, as if the curves
+// had all changed since the last paint (for timing the scan itself); the
+// memory stays for the segments to come.
 void forgetRememberedSegments();
