@@ -53,6 +53,8 @@ std::vector<Set>& rememberedSets() {
     return sets;
 }
 
+// One not drawn again lately; those passed over lose their mark and become
+// the next candidates.
 Entry& replaceableEntry(Set& set) {
     while (set.ways[set.hand].used) {
         set.ways[set.hand].used = false;

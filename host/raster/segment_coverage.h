@@ -2,7 +2,8 @@
 // (segment_outline.h scanned by coverage_scan.h), remembered for the
 // segments drawn lately. A graph repaints the same curves over and over (the
 // response and phase while only the spectra move): their segments are then
-// looked up instead of scanned again. Coverage depends only on the
+// looked up instead of scanned again, first by their exact ends where they
+// were drawn (column_segments.h), then by shape. Coverage depends only on the
 // segment's shape and where its first end lies within its pixel, so it is
 // kept relative to that pixel and serves the same shape anywhere. Up to
 // 16384 shapes per drawing thread, short ones only (a mask of at most 512
