@@ -6,7 +6,8 @@
 // drew lately, so each case is timed twice: repainting curves just drawn, and
 // with both forgotten before each paint (curves changed, as while a band is
 // dragged). Live spectra get new audio before each paint, as in the editor,
-// where the spectra change every frame while the response mostly does not.
+// where the spectra change every frame while the response mostly does not;
+// the last case moves one band too, as a drag does.
 #include <algorithm>
 #include <cstdio>
 #include <vector>
@@ -16,6 +17,7 @@
 #include "bench/stopwatch.h"
 #include "contracts/host_extensions.h"
 #include "engine/audio_processing.h"
+#include "engine/eq_band.h"
 #include "engine/live_analyzer.h"
 #include "host/extensions/extension_table.h"
 #include "host/raster/segment_coverage.h"
@@ -67,14 +69,22 @@ struct PaintCase {
     const char* name;
     bool phase;
     Spectra spectra;
+    bool bandDragged;  // one band's gain raised a little before each paint
 };
 
 constexpr PaintCase kCases[] = {
-    {"response and handles", false, Spectra::none},
-    {"+ phase", true, Spectra::none},
-    {"+ phase + spectra, repainted", true, Spectra::repainted},
-    {"+ phase + live spectra", true, Spectra::live},
+    {"response and handles", false, Spectra::none, false},
+    {"+ phase", true, Spectra::none, false},
+    {"+ phase + spectra, repainted", true, Spectra::repainted, false},
+    {"+ phase + live spectra", true, Spectra::live, false},
+    {"  and a band dragged", true, Spectra::live, true},
 };
+
+// The middle band a little louder, as a drag of its handle moves it.
+void dragBand(EqInstance* instance) {
+    EqBand* band = instance->band(kBands / 2);
+    designBand(band, band->type, true, band->frequency, band->gain * 1.002, band->bandwidth);
+}
 
 // New noise for both analyzers, as a block of audio brings while the editor is open.
 void captureNewAudio(EqInstance* instance, uint32_t& noise) {
@@ -108,6 +118,7 @@ double millisecondsPerPaint(EqInstance* instance, const PaintCase& paintCase, bo
                              instance->inputAnalyzer.hasNewData = 1;
                              instance->outputAnalyzer.hasNewData = 1;
                          }
+                         if (paintCase.bandDragged) dragBand(instance);
                          if (curvesChanged) {  // evaluated and scanned afresh
                              forgetSummedResponse();
                              forgetRememberedSegments();
