@@ -1,7 +1,7 @@
 #include "view/last_response.h"
 
+#include <cstdint>
 #include <cstring>
-#include <utility>
 
 #include "engine/eq_band.h"
 #include "engine/heap_buffer.h"
@@ -9,78 +9,98 @@
 
 namespace {
 
-// Everything the evaluation reads of one band; zero for a band that adds
-// nothing (missing or disabled).
+// Everything the evaluation reads of one band.
 struct BandInputs {
     double a1, a2, b0, b1, b2, sampleRate, frequency, gain;
     int32_t type, enabled;
 };
 
-struct GraphInputs {
-    double gainRange;
-    int32_t width, withPhase, bandCount, unused;
+BandInputs inputsOf(const EqBand& b) {
+    return {b.a1, b.a2, b.b0, b.b1, b.b2, b.sampleRate, b.frequency, b.gain, b.type, b.enabled};
+}
+
+// One band's share of the sum as last evaluated, and what it was evaluated from.
+struct BandShare {
+    BandInputs inputs;
+    int32_t drawnWidth;
+    int32_t valid;
 };
 
+// Each band's share of the last paint's sum. The sum is the shares added
+// column by column in band order from zero, as the evaluation adds them, so
+// it comes out bit for bit the same whether a share was kept or evaluated
+// again: dragging one band evaluates that band alone.
 class LastResponse {
 public:
     int summed(const GraphSnapshot& snapshot, const GraphAxes& axes,
                const ResponseColumns& columns) {
-        const bool known = describe(snapshot, axes, columns.phase != nullptr);
-        if (known && valid_ && inputs_[0].size == inputs_[1].size &&
-            std::memcmp(inputs_[0].data, inputs_[1].data, inputs_[0].size) == 0) {
-            std::memcpy(columns.magnitude, result_.as<double>(), columnBytes(axes));
-            if (columns.phase)
-                std::memcpy(columns.phase, result_.as<double>() + axes.width, columnBytes(axes));
-            return drawnWidth_;
+        const bool withPhase = columns.phase != nullptr;
+        if (!fits(axes, withPhase, snapshot.count)) {
+            forget();
+            return sumBandResponses(snapshot, axes, columns);
         }
-        const int drawnWidth = sumBandResponses(snapshot, axes, columns);
-        valid_ = known && keep(axes, columns, drawnWidth);
-        if (valid_) std::swap(inputs_[0], inputs_[1]);
+        bool prepared = false;
+        int drawnWidth = axes.width;
+        for (int32_t i = 0; i < snapshot.count; ++i) {
+            const EqBand* band = snapshot.band(i);
+            if (!band || !band->enabled) continue;
+            BandShare& share = shares_.as<BandShare>()[i];
+            const ResponseColumns terms{termsOf(i), withPhase ? termsOf(i) + width_ : nullptr};
+            const BandInputs inputs = inputsOf(*band);
+            if (!share.valid || std::memcmp(&share.inputs, &inputs, sizeof inputs) != 0) {
+                if (!prepared && !(prepared = prepareBandResponses(axes.width, withPhase))) {
+                    forget();
+                    return 0;
+                }
+                std::memset(terms.magnitude, 0, sizeof(double) * width_ * (withPhase ? 2 : 1));
+                share = {inputs, bandResponse(*band, axes, terms), 1};
+            }
+            addShare(share, terms, columns);
+            if (share.drawnWidth < axes.width) drawnWidth = share.drawnWidth;
+        }
         return drawnWidth;
     }
 
-    void forget() { valid_ = false; }
+    void forget() { count_ = -1; }
 
 private:
-    static int32_t columnBytes(const GraphAxes& axes) {
-        return axes.width * static_cast<int32_t>(sizeof(double));
-    }
-
-    // Writes this paint's inputs into inputs_[1]; false when it cannot grow.
-    bool describe(const GraphSnapshot& snapshot, const GraphAxes& axes, bool withPhase) {
-        const int32_t bytes = static_cast<int32_t>(sizeof(GraphInputs)) +
-                              snapshot.count * static_cast<int32_t>(sizeof(BandInputs));
-        HeapBuffer& into = inputs_[1];
-        into.resize(bytes, false);
-        if (into.size != bytes) return false;
-        std::memset(into.data, 0, bytes);
-        auto* graph = into.as<GraphInputs>();
-        *graph = {axes.gainRange, axes.width, withPhase, snapshot.count, 0};
-        auto* bands = reinterpret_cast<BandInputs*>(graph + 1);
-        for (int32_t i = 0; i < snapshot.count; ++i) {
-            const EqBand* b = snapshot.band(i);
-            if (b && b->enabled)
-                bands[i] = {b->a1,        b->a2,        b->b0,   b->b1,  b->b2,
-                            b->sampleRate, b->frequency, b->gain, b->type, b->enabled};
-        }
+    // Storage for `count` bands' shares on this graph; every share forgotten
+    // when the graph or the number of bands changed. False when it cannot grow.
+    bool fits(const GraphAxes& axes, bool withPhase, int32_t count) {
+        if (count == count_ && axes.width == width_ && withPhase == withPhase_ &&
+            std::memcmp(&axes.gainRange, &gainRange_, sizeof gainRange_) == 0)
+            return true;
+        count_ = -1;
+        const int32_t shareBytes = count * static_cast<int32_t>(sizeof(BandShare));
+        const int64_t termBytes = int64_t{count} * 2 * axes.width * int64_t{sizeof(double)};
+        if (axes.width <= 0 || termBytes > INT32_MAX) return false;
+        shares_.resize(shareBytes, false);
+        terms_.resize(static_cast<int32_t>(termBytes), false);
+        if (shares_.size != shareBytes || terms_.size != termBytes) return false;
+        if (shareBytes > 0) std::memset(shares_.data, 0, shareBytes);
+        count_ = count;
+        width_ = axes.width;
+        withPhase_ = withPhase;
+        gainRange_ = axes.gainRange;
         return true;
     }
 
-    bool keep(const GraphAxes& axes, const ResponseColumns& columns, int drawnWidth) {
-        const int32_t bytes = columnBytes(axes) * (columns.phase ? 2 : 1);
-        result_.resize(bytes, false);
-        if (bytes <= 0 || result_.size != bytes) return false;
-        std::memcpy(result_.data, columns.magnitude, columnBytes(axes));
+    double* termsOf(int32_t band) { return terms_.as<double>() + int64_t{band} * 2 * width_; }
+
+    // Adds where the evaluation adds: the columns the band reaches.
+    static void addShare(const BandShare& share, const ResponseColumns& terms,
+                         const ResponseColumns& columns) {
+        for (int x = 0; x < share.drawnWidth; ++x) columns.magnitude[x] += terms.magnitude[x];
         if (columns.phase)
-            std::memcpy(result_.as<double>() + axes.width, columns.phase, columnBytes(axes));
-        drawnWidth_ = drawnWidth;
-        return true;
+            for (int x = 0; x < share.drawnWidth; ++x) columns.phase[x] += terms.phase[x];
     }
 
-    HeapBuffer inputs_[2];  // the last evaluation's, this paint's
-    HeapBuffer result_;
-    int drawnWidth_ = 0;
-    bool valid_ = false;
+    HeapBuffer shares_;
+    HeapBuffer terms_;
+    int32_t count_ = -1;
+    int width_ = 0;
+    bool withPhase_ = false;
+    double gainRange_ = 0.0;
 };
 
 LastResponse lastResponse;

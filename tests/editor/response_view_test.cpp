@@ -114,9 +114,10 @@ Evaluation evaluateWith(Evaluate evaluate, const std::vector<BandCopy>& bands,
     return result;
 }
 
-// The paint's last evaluation answers for the very inputs it was made from
-// and no others: after any one of them changes, the columns are those a
-// fresh evaluation gives (and the change shows in them).
+// The paint keeps each band's share of its last evaluation for the very
+// inputs it was made from and no others: after any one of them changes, the
+// columns are those a fresh evaluation gives (and the change shows in them),
+// the other bands' kept shares added in with the same bits.
 TEST_F(ResponseViewTest, LastEvaluationServesOnlyTheInputsItWasMadeFrom) {
     struct Inputs {
         std::vector<BandCopy> bands;
@@ -124,7 +125,8 @@ TEST_F(ResponseViewTest, LastEvaluationServesOnlyTheInputsItWasMadeFrom) {
         bool withPhase;
     };
     const Inputs base{{{designed(Band, 1000.0, 2.0, 1.0), true},
-                       {designed(LowShelf, 200.0, 0.5, 1.0), true}},
+                       {designed(LowShelf, 200.0, 0.5, 1.0), true},
+                       {designed(HighShelf, 5000.0, 1.5, 1.0), true}},
                       graphAxes(*instance, 600, 120),
                       false};
     const struct {
