@@ -2,7 +2,8 @@
 #pragma once
 
 struct BenchOptions {
-    bool quick = false;  // fewer and shorter trials
+    bool quick = false;      // fewer and shorter trials
+    bool paintOnly = false;  // the editor paint suite alone
 };
 
 // The block callback as shipped against the scalar loop, steady and gliding.

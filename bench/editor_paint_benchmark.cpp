@@ -1,7 +1,13 @@
 // Painting the response graph: milliseconds per paint of a 1200 by 600 graph
-// with 32 bands, with and without the phase curve and the live spectra,
-// drawn by the stand-in host's raster library into the back buffer; and,
-// for comparison, the evaluation of the summed response alone.
+// with 32 bands, with and without the phase curve and the spectra, drawn by
+// the stand-in host's raster library into the back buffer; and, for
+// comparison, the evaluation of the summed response alone. The paint keeps
+// its last evaluation and the raster library the coverage of the segments it
+// drew lately, so each case is timed twice: repainting curves just drawn, and
+// with both forgotten before each paint (curves changed, as while a band is
+// dragged). Live spectra get new audio before each paint, as in the editor,
+// where the spectra change every frame while the response mostly does not;
+// the last case moves one band too, as a drag does.
 #include <algorithm>
 #include <cstdio>
 #include <vector>
@@ -11,7 +17,10 @@
 #include "bench/stopwatch.h"
 #include "contracts/host_extensions.h"
 #include "engine/audio_processing.h"
+#include "engine/eq_band.h"
+#include "engine/live_analyzer.h"
 #include "host/extensions/extension_table.h"
+#include "host/raster/segment_coverage.h"
 #include "host/ui/host_windows.h"
 #include "plugin/eq_instance.h"
 #include "plugin/host_imports.h"
@@ -21,6 +30,7 @@
 #include "view/graph_axes.h"
 #include "view/graph_paint.h"
 #include "view/graph_snapshot.h"
+#include "view/last_response.h"
 #include "view/response_curve.h"
 
 namespace {
@@ -53,33 +63,68 @@ void captureSomeAudio(EqInstance* instance) {
     kobal_layer::resetWindowingLayer();
 }
 
+enum class Spectra { none, repainted, live };
+
 struct PaintCase {
     const char* name;
     bool phase;
-    bool spectra;
+    Spectra spectra;
+    bool bandDragged;  // one band's gain raised a little before each paint
 };
 
 constexpr PaintCase kCases[] = {
-    {"response and handles", false, false},
-    {"+ phase", true, false},
-    {"+ phase + spectra", true, true},
+    {"response and handles", false, Spectra::none, false},
+    {"+ phase", true, Spectra::none, false},
+    {"+ phase + spectra, repainted", true, Spectra::repainted, false},
+    {"+ phase + live spectra", true, Spectra::live, false},
+    {"  and a band dragged", true, Spectra::live, true},
 };
 
-double millisecondsPerPaint(EqInstance* instance, const PaintCase& paintCase,
+// The middle band a little louder, as a drag of its handle moves it.
+void dragBand(EqInstance* instance) {
+    EqBand* band = instance->band(kBands / 2);
+    designBand(band, band->type, true, band->frequency, band->gain * 1.002, band->bandwidth);
+}
+
+// New noise for both analyzers, as a block of audio brings while the editor is open.
+void captureNewAudio(EqInstance* instance, uint32_t& noise) {
+    constexpr int32_t kFrames = 1024;
+    std::vector<double> block(kFrames);
+    for (double& sample : block) {
+        noise = noise * 1664525u + 1013904223u;
+        sample = static_cast<double>(noise) / 4294967296.0 - 0.5;
+    }
+    captureSpectrum(instance->inputAnalyzer, block.data(), block.data(), kFrames);
+    for (double& sample : block) sample *= 0.5;
+    captureSpectrum(instance->outputAnalyzer, block.data(), block.data(), kFrames);
+}
+
+double millisecondsPerPaint(EqInstance* instance, const PaintCase& paintCase, bool curvesChanged,
                             const BenchOptions& options) {
     instance->viewFlags = paintCase.phase ? kViewShowPhase : 0;
     const int32_t trials = options.quick ? 3 : 7;
     const int32_t repeats = options.quick ? 3 : 10;
-    return 1e3 * fastestSecondsPerCall(trials, repeats, [&] {
-               if (paintCase.spectra) {  // new audio arrived since the last paint
-                   instance->spectrumTick = kobal::GetTickCount();
-                   instance->inputAnalyzer.hasNewData = 1;
-                   instance->outputAnalyzer.hasNewData = 1;
-               } else {
-                   instance->spectrumTick = 0;
-               }
-               renderGraph(*instance, nullptr, kGraphWidth, kGraphHeight);
-           });
+    uint32_t noise = 7;
+    renderGraph(*instance, nullptr, kGraphWidth, kGraphHeight);  // the curves drawn once
+    return 1e3 * fastestSecondsPerPreparedCall(
+                     trials, repeats,
+                     [&] {
+                         if (paintCase.spectra == Spectra::none) {
+                             instance->spectrumTick = 0;
+                         } else {  // audio arrived since the last paint
+                             instance->spectrumTick = kobal::GetTickCount();
+                             if (paintCase.spectra == Spectra::live)
+                                 captureNewAudio(instance, noise);
+                             instance->inputAnalyzer.hasNewData = 1;
+                             instance->outputAnalyzer.hasNewData = 1;
+                         }
+                         if (paintCase.bandDragged) dragBand(instance);
+                         if (curvesChanged) {  // evaluated and scanned afresh
+                             forgetSummedResponse();
+                             forgetRememberedSegments();
+                         }
+                     },
+                     [&] { renderGraph(*instance, nullptr, kGraphWidth, kGraphHeight); });
 }
 
 // The per-column evaluation of every band without any drawing.
@@ -108,9 +153,12 @@ void runEditorPaintSuite(const BenchOptions& options) {
     captureSomeAudio(instance);
     std::printf("Editor paint: %d x %d graph, %d bands, ms per paint\n", kGraphWidth,
                 kGraphHeight, kBands);
-    for (const PaintCase& paintCase : kCases)
-        std::printf("  %-24s %8.2f\n", paintCase.name,
-                    millisecondsPerPaint(instance, paintCase, options));
+    std::printf("  %-30s %16s %16s\n", "", "curves repainted", "curves changed");
+    for (const PaintCase& paintCase : kCases) {
+        const double repainted = millisecondsPerPaint(instance, paintCase, false, options);
+        const double changed = millisecondsPerPaint(instance, paintCase, true, options);
+        std::printf("  %-30s %16.2f %16.2f\n", paintCase.name, repainted, changed);
+    }
     std::printf("  of which evaluating the response: %.2f, with the phase: %.2f\n\n",
                 millisecondsPerEvaluation(instance, false, options),
                 millisecondsPerEvaluation(instance, true, options));

@@ -22,14 +22,18 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--quick") == 0) {
             options.quick = true;
+        } else if (std::strcmp(argv[i], "--paint") == 0) {
+            options.paintOnly = true;
         } else {
-            std::fprintf(stderr, "usage: %s [--quick]\n", argv[0]);
+            std::fprintf(stderr, "usage: %s [--quick] [--paint]\n", argv[0]);
             return 2;
         }
     }
     std::printf("ombro-bench on %s\n\n", processorName().c_str());
-    runAudioPathSuite(options);
-    runInstructionSetSuite(options);
+    if (!options.paintOnly) {
+        runAudioPathSuite(options);
+        runInstructionSetSuite(options);
+    }
     runEditorPaintSuite(options);
     return 0;
 }

@@ -13,6 +13,7 @@
 #include "view/graph_grid.h"
 #include "view/graph_snapshot.h"
 #include "view/hover_readout.h"
+#include "view/last_response.h"
 #include "view/response_curve.h"
 #include "view/analyzer_curves.h"
 
@@ -101,7 +102,7 @@ bool renderGraph(EqInstance& instance, HWND view, int width, int height) {
     const GraphAxes axes = graphAxes(instance, width, height);
     const ResponseColumns columns =
         curveColumns(instance, width, (instance.viewFlags & kViewShowPhase) != 0);
-    const int drawnWidth = columns.magnitude ? sumBandResponses(snapshot, axes, columns) : 0;
+    const int drawnWidth = columns.magnitude ? summedResponse(snapshot, axes, columns) : 0;
     if (drawnWidth > 0) fillUnderCurve(bitmap, axes, columns.magnitude, drawnWidth);
     drawGridLayer(bitmap, instance, axes);
     drawSpectra(instance, bitmap);

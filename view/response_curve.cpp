@@ -155,3 +155,13 @@ int sumBandResponses(const GraphSnapshot& snapshot, const GraphAxes& axes,
     }
     return drawnWidth;
 }
+
+bool prepareBandResponses(int width, bool withPhase) {
+    return columnTerms.prepare(width, withPhase);
+}
+
+int bandResponse(const EqBand& band, const GraphAxes& axes, const ResponseColumns& columns) {
+    int drawnWidth = axes.width;
+    addBandResponse(band, axes, columns, columnTerms.forRate(band.sampleRate), drawnWidth);
+    return drawnWidth;
+}

@@ -20,3 +20,12 @@ struct ResponseColumns {
 // arithmetic as evaluating each band on its own.
 int sumBandResponses(const GraphSnapshot& snapshot, const GraphAxes& axes,
                      const ResponseColumns& columns);
+
+// One band at a time, for keeping each band's share: prepareBandResponses
+// once for the graph (false when its buffer cannot grow), then bandResponse
+// adds the band into `columns` as sumBandResponses does and answers the
+// width it reaches (the graph's width when it reaches half its sample rate
+// beyond the last column).
+bool prepareBandResponses(int width, bool withPhase);
+struct EqBand;
+int bandResponse(const EqBand& band, const GraphAxes& axes, const ResponseColumns& columns);

@@ -17,14 +17,15 @@ struct QuoRem {
     int64_t rem;
 };
 
+// Brings the remainder back into 0..dy-1 (dy > 0), from at most one dy
+// either side. Without branches: which way it goes is as good as random from
+// one sample row to the next, and mispredicted jumps would cost more than
+// the arithmetic.
 void carry(QuoRem& value, int64_t dy) {
-    if (value.rem < 0) {
-        --value.quo;
-        value.rem += dy;
-    } else if (value.rem >= dy) {
-        ++value.quo;
-        value.rem -= dy;
-    }
+    const int64_t under = value.rem < 0;
+    const int64_t over = value.rem >= dy;
+    value.quo += static_cast<int32_t>(over - under);
+    value.rem += (under - over) * dy;
 }
 
 struct Edge {
@@ -64,6 +65,9 @@ int toGridY(int32_t y) {
                             kInputBits);
 }
 
+// a / b and a % b, truncating as C++ does.
+QuoRem divide(int64_t a, int64_t b) { return {static_cast<int32_t>(a / b), a % b}; }
+
 // The edge on the sampling grid, with x at the centre of its first sample
 // row; false when it spans no sample row.
 bool gridEdge(const OutlineEdge& input, Edge& e) {
@@ -72,7 +76,8 @@ bool gridEdge(const OutlineEdge& input, Edge& e) {
     if (e.ybot <= e.ytop) return false;
     e.heightLeft = e.ybot - e.ytop;
     e.dir = input.dir;
-    e.dxdy = e.dxdyFull = {0, 0};
+    e.dxdy = {0, 0};  // each set on its own: copying one just written to the other stalls
+    e.dxdyFull = {0, 0};
     e.dy = e.halfDy = 0;
     if (input.bottomX == input.topX) {
         e.cell = input.topX;
@@ -82,17 +87,14 @@ bool gridEdge(const OutlineEdge& input, Edge& e) {
     const int64_t ex = static_cast<int64_t>(input.bottomX - input.topX) * kGridX;
     const int64_t ey =
         static_cast<int64_t>(input.bottomY - input.topY) * kGridY * (2 << kInputBits);
-    e.dxdy = {static_cast<int32_t>(ex * (2 << kInputBits) / ey), ex * (2 << kInputBits) % ey};
+    e.dxdy = divide(ex * (2 << kInputBits), ey);
     int64_t t = static_cast<int64_t>(2 * e.ytop + 1) << kInputBits;
     t -= static_cast<int64_t>(input.topY) * kGridY * 2;
     t *= ex;
-    e.x = {static_cast<int32_t>(t / ey), t % ey};
+    e.x = divide(t, ey);
     e.x.quo += input.topX;
     carry(e.x, ey);
-    if (e.heightLeft >= kGridY) {
-        t = ex * (2 * kGridY << kInputBits);
-        e.dxdyFull = {static_cast<int32_t>(t / ey), t % ey};
-    }
+    if (e.heightLeft >= kGridY) e.dxdyFull = divide(ex * (2 * kGridY << kInputBits), ey);
     e.dy = ey;
     e.halfDy = ey / 2;
     e.cell = cellOf(e.x, e);
@@ -141,6 +143,8 @@ private:
     RowWay wayThrough(int rowTop);
     void wholeRow();
     void sampledRow(int rowTop);
+    void sampleBetweenTwoEdges();
+    void sampleAnyEdges();
     void dropFinishedEdges();
     void addSpan(int x1, int x2);
     void renderEdge(Edge& edge, int sign);
@@ -257,41 +261,59 @@ void EdgeScan::wholeRow() {
 
 // Fifteen sample rows, each covered where the winding number is not zero.
 void EdgeScan::sampledRow(int rowTop) {
-    Edge** active = active_;
     for (int y = rowTop; y < rowTop + kGridY; ++y) {
         activateEdgesStartingAt(y);
-        const int count = activeCount_;
-        sortByCell(active, count);
-        int winding = 0, start = 0, kept = 0;
-        for (int i = 0; i < count; ++i) {
-            Edge* e = active[i];
-            const int cell = e->cell;
-            if (winding == 0) start = cell;
-            winding += e->dir;
-            if (winding == 0) addSpan(start, cell);
-            if (--e->heightLeft != 0) {
-                advance(*e, e->dxdy);
-                active[kept++] = e;
-            }
-        }
-        activeCount_ = kept;
+        if (activeCount_ == 2 && active_[0]->dir + active_[1]->dir == 0)
+            sampleBetweenTwoEdges();
+        else
+            sampleAnyEdges();
     }
 }
 
-void EdgeScan::addSpan(int x1, int x2) {
-    if (x1 == x2) return;
-    const int ix1 = x1 >> 8, fx1 = x1 & 255;
-    const int ix2 = x2 >> 8, fx2 = x2 & 255;
-    if (ix1 != ix2) {
-        Cell& first = cellAt(ix1);
-        addTo(first.uncoveredArea, 2 * fx1);
-        addTo(first.coveredHeight, 1);
-        Cell& last = cellAt(ix2);
-        addTo(last.uncoveredArea, -2 * fx2);
-        addTo(last.coveredHeight, -1);
-    } else {
-        addTo(cellAt(ix1).uncoveredArea, 2 * (fx1 - fx2));
+// The usual sample row of a convex outline: one span between its two edges.
+void EdgeScan::sampleBetweenTwoEdges() {
+    Edge* a = active_[0];
+    Edge* b = active_[1];
+    addSpan(std::min(a->cell, b->cell), std::max(a->cell, b->cell));
+    int kept = 0;
+    for (Edge* e : {a, b}) {
+        if (--e->heightLeft != 0) {
+            advance(*e, e->dxdy);
+            active_[kept++] = e;
+        }
     }
+    activeCount_ = kept;
+}
+
+void EdgeScan::sampleAnyEdges() {
+    Edge** active = active_;
+    const int count = activeCount_;
+    sortByCell(active, count);
+    int winding = 0, start = 0, kept = 0;
+    for (int i = 0; i < count; ++i) {
+        Edge* e = active[i];
+        const int cell = e->cell;
+        if (winding == 0) start = cell;
+        winding += e->dir;
+        if (winding == 0) addSpan(start, cell);
+        if (--e->heightLeft != 0) {
+            advance(*e, e->dxdy);
+            active[kept++] = e;
+        }
+    }
+    activeCount_ = kept;
+}
+
+// The span's start adds to its pixel, its end takes away from its own; a
+// span within one pixel nets its width there, an empty one nothing, so no
+// case needs a jump of its own.
+void EdgeScan::addSpan(int x1, int x2) {
+    Cell& first = cellAt(x1 >> 8);
+    addTo(first.uncoveredArea, 2 * (x1 & 255));
+    addTo(first.coveredHeight, 1);
+    Cell& last = cellAt(x2 >> 8);
+    addTo(last.uncoveredArea, -2 * (x2 & 255));
+    addTo(last.coveredHeight, -1);
 }
 
 // The exact area an edge covers in each pixel of the row it crosses.
@@ -324,14 +346,13 @@ void EdgeScan::renderEdge(Edge& edge, int sign) {
     int64_t t = (ix1 + 1) * kGridX * edge.dy;
     t -= x1.quo * edge.dy + x1.rem;
     t *= kGridY;
-    QuoRem y{static_cast<int32_t>(t / dx), t % dx};
+    QuoRem y = divide(t, dx);
     Cell& first = cellAt(ix1);
     addTo(first.uncoveredArea, sign * y.quo * (kGridX + fx1));
     addTo(first.coveredHeight, sign * y.quo);
     int yLast = y.quo;
     if (ix1 + 1 < ix2) {
-        const QuoRem dydxFull{static_cast<int32_t>(kGridY * kGridX * edge.dy / dx),
-                              kGridY * kGridX * edge.dy % dx};
+        const QuoRem dydxFull = divide(kGridY * kGridX * edge.dy, dx);
         for (int ix = ix1 + 1; ix != ix2; ++ix) {
             y.quo += dydxFull.quo;
             y.rem += dydxFull.rem;

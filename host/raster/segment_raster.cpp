@@ -65,16 +65,16 @@ uint32_t overPixel(uint32_t source, uint8_t coverage, uint32_t old) {
     return result;
 }
 
-bool insideBitmap(const CoverageMask& mask, const CanvasBitmap& bitmap) {
+bool insideBitmap(const PlacedCoverage& mask, const CanvasBitmap& bitmap) {
     return mask.left >= 0 && mask.top >= 0 && mask.left + mask.width <= bitmap.width() &&
            mask.top + mask.height <= bitmap.height();
 }
 
 template <typename Blend>
-void blendMask(const CoverageMask& mask, uint32_t* pixels, int rowSpan, uint32_t source,
+void blendMask(const PlacedCoverage& mask, uint32_t* pixels, int rowSpan, uint32_t source,
                Blend blend) {
     for (int row = 0; row < mask.height; ++row) {
-        const uint8_t* coverage = mask.alpha.data() + static_cast<size_t>(row) * mask.width;
+        const uint8_t* coverage = mask.alpha + static_cast<size_t>(row) * mask.width;
         uint32_t* out = pixels + static_cast<size_t>(mask.top + row) * rowSpan + mask.left;
         for (int x = 0; x < mask.width; ++x)
             if (coverage[x] != 0) out[x] = blend(source, coverage[x], out[x]);
@@ -98,7 +98,7 @@ bool strokeSegmentExactly(CanvasBitmap* bitmap, double x1, double y1, double x2,
     if (std::min(x1, x2) < 1.0 || std::min(y1, y2) < 1.0 || std::max(x1, x2) > right ||
         std::max(y1, y2) > bottom)
         return false;
-    thread_local CoverageMask mask;
+    PlacedCoverage mask;
     if (!segmentCoverage(fixedFromDouble(x1 + 0.5), fixedFromDouble(y1 + 0.5),
                          fixedFromDouble(x2 + 0.5), fixedFromDouble(y2 + 0.5), mask) ||
         !insideBitmap(mask, *bitmap))

@@ -24,6 +24,7 @@
 #include "view/graph_axes.h"
 #include "view/graph_snapshot.h"
 #include "view/hover_readout.h"
+#include "view/last_response.h"
 #include "view/response_curve.h"
 
 namespace {
@@ -270,6 +271,72 @@ TEST_F(ResponseViewTest, ColumnsHoldTheResponseAndPhaseAtTheirFrequency) {
         EXPECT_LE(phase[x], 0.5 * std::numbers::pi) << x;
         EXPECT_NEAR(std::cos(phase[x]), std::cos(argument), 1e-9) << x;
         EXPECT_NEAR(std::sin(phase[x]), std::sin(argument), 1e-9) << x;
+    }
+}
+
+// What one evaluation gives: both column arrays and the drawn width.
+struct Evaluation {
+    std::vector<double> magnitude, phase;
+    int drawnWidth;
+    bool operator==(const Evaluation&) const = default;
+};
+
+template <typename Evaluate>
+Evaluation evaluateWith(Evaluate evaluate, const std::vector<BandCopy>& bands,
+                        const GraphAxes& axes, bool withPhase) {
+    Evaluation result{std::vector<double>(axes.width), std::vector<double>(axes.width), 0};
+    const GraphSnapshot snapshot{bands.data(), static_cast<int>(bands.size()), 0, -1};
+    result.drawnWidth = evaluate(snapshot, axes, ResponseColumns{result.magnitude.data(),
+                                 withPhase ? result.phase.data() : nullptr});
+    return result;
+}
+
+// The paint keeps each band's share of its last evaluation for the very
+// inputs it was made from and no others: after any one of them changes, the
+// columns are those a fresh evaluation gives (and the change shows in them),
+// the other bands' kept shares added in with the same bits.
+TEST_F(ResponseViewTest, LastEvaluationServesOnlyTheInputsItWasMadeFrom) {
+    struct Inputs {
+        std::vector<BandCopy> bands;
+        GraphAxes axes;
+        bool withPhase;
+    };
+    setBand(0, Band, 1000.0, 2.0, 1.0);
+    setBand(1, LowShelf, 200.0, 0.5, 1.0);
+    const Inputs base{{{band(0), true}, {band(1), true}, {band(2), true}},
+                      graphAxes(*instance, 600, 120),
+                      false};
+    const struct {
+        const char* name;
+        void (*change)(Inputs&);
+    } cases[] = {
+        {"b0", [](Inputs& in) { in.bands[0].values.b0 *= 1.01; }},
+        {"b1", [](Inputs& in) { in.bands[1].values.b1 *= 1.01; }},
+        {"b2", [](Inputs& in) { in.bands[0].values.b2 *= 1.01; }},
+        {"a1", [](Inputs& in) { in.bands[1].values.a1 *= 1.01; }},
+        {"a2", [](Inputs& in) { in.bands[0].values.a2 *= 1.01; }},
+        {"sample rate", [](Inputs& in) { in.bands[1].values.sampleRate = 96000.0; }},
+        {"frequency of the centre column", [](Inputs& in) { in.bands[0].values.frequency = 2e3; }},
+        {"gain of the centre column", [](Inputs& in) { in.bands[0].values.gain = 3.0; }},
+        {"type", [](Inputs& in) { in.bands[0].values.type = Notch; }},
+        {"enabled", [](Inputs& in) { in.bands[1].values.enabled = 0; }},
+        {"width", [](Inputs& in) { in.axes.width = 500; }},
+        {"gain range", [](Inputs& in) { in.axes.gainRange = 48.0; }},
+        {"phase", [](Inputs& in) { in.withPhase = true; }},
+    };
+    const auto summed = [](const Inputs& in) {
+        return evaluateWith(summedResponse, in.bands, in.axes, in.withPhase);
+    };
+    const auto fresh = [](const Inputs& in) {
+        return evaluateWith(sumBandResponses, in.bands, in.axes, in.withPhase);
+    };
+    for (const auto& c : cases) {
+        summed(base);
+        EXPECT_EQ(summed(base), fresh(base)) << c.name;  // answered from the last evaluation
+        Inputs changed = base;
+        c.change(changed);
+        ASSERT_NE(fresh(changed), fresh(base)) << c.name;
+        EXPECT_EQ(summed(changed), fresh(changed)) << c.name;
     }
 }
 

@@ -1,7 +1,7 @@
 // The curve segments written straight into the pixels against Cairo itself:
 // thousands of random antialiased one-pixel segments, drawn both ways onto
 // the same random background, must leave the very same bytes; shapes drawn
-// again elsewhere (their coverage remembered) too.
+// again elsewhere or in place (their coverage remembered) too.
 #include <cairo.h>
 #include <gtest/gtest.h>
 
@@ -60,9 +60,10 @@ TEST(ExactSegmentStroke, LeavesTheBytesCairoLeavesForThousandsOfRandomSegments) 
             }
             std::array<double, 4> ends{};
             for (int i = 0; i < 600; ++i) {
-                if (i % 4 == 3) {  // the last shape again, whole pixels away
-                    const int dx = static_cast<int>(random() % 9) - 4,
-                              dy = static_cast<int>(random() % 41) - 20;
+                if (i % 4 == 3) {  // the last shape again, whole pixels away or in place
+                    const bool inPlace = i % 8 == 7;
+                    const int dx = inPlace ? 0 : static_cast<int>(random() % 9) - 4,
+                              dy = inPlace ? 0 : static_cast<int>(random() % 41) - 20;
                     for (int k = 0; k < 4; ++k) ends[k] += k % 2 == 0 ? dx : dy;
                 } else {
                     randomSegment(random, ends);
