@@ -170,4 +170,6 @@ TEST_P(BandCascade, BlocksMatchThePlainBandLoopThroughEditsAndGlides) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryRunnableSet, BandCascade, testing::ValuesIn(runnableInstructionSets()));
+const char* const kSetNames[] = {"Sse2", "Avx2", "Avx512"};
+INSTANTIATE_TEST_SUITE_P(EveryRunnableSet, BandCascade, testing::ValuesIn(runnableInstructionSets()),
+                         [](const auto& info) { return kSetNames[static_cast<int>(info.param)]; });
