@@ -118,10 +118,13 @@ int runEdit(const CommandLine& line) {
     std::string title = line.stateFile ? "Ombro - " + *line.stateFile : "Ombro";
     std::unique_ptr<x11_front::LayerWindowView> view =
         x11_front::LayerWindowView::open(window, 0, title);
-    if (!view)
+    if (!view) {
+        effect.session->closeEditor();
+        kobal_layer::resetWindowingLayer();  // the host window goes with the layer's windows
         throw CommandFailure(
             "cannot open the X display (is DISPLAY set to a 24- or 32-bit "
             "TrueColor screen?)");
+    }
     {
         StopSignals signals;
         LoopedPlayback playback(*effect.session, std::move(recording), sampleRate,
